@@ -14,7 +14,8 @@ public:
 
     /// Writes the text of one error value into `text` (UTF-8) and returns true. Where the value has no text
     /// the answer is false and `text` stays as it is.
-    virtual bool buildMessage(std::uint32_t group, std::uint32_t code, std::basic_string<Char>& text) const = 0;
+    virtual bool buildMessage(std::uint32_t group, std::uint32_t code,
+                              std::basic_string<Char>& text) const = 0;
 };
 
 } // namespace quillon::err::internal

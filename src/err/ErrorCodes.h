@@ -8,7 +8,8 @@ namespace quillon::err {
 
 /// The program's own error codes, group 5. The numbers are shown to users and written to logs, so they never
 /// change.
-enum ErrorCode : std::uint32_t {
+enum ErrorCode : std::uint32_t
+{
     kEndOfFile = 3,
     kInvalidArgument = 5,
     kNullPointer = 6,

@@ -12,9 +12,9 @@ namespace quillon::err {
 /// where their code is not zero.
 [[nodiscard]] std::string errorCodesText(ResultCode first, ResultCode second = {}, ResultCode third = {});
 
-/// The sentence for a person: a text, one blank and the numbers, as in "Reading file failed (error: 5/45,1/5)".
-/// The text is that of the first failed value for which `builder` has one, else `defaultText`; both are UTF-8
-/// and trimmed. Where no value failed the answer is empty.
+/// The sentence for a person: a text, one blank and the numbers, as in "Reading file failed (error:
+/// 5/45,1/5)". The text is that of the first failed value for which `builder` has one, else `defaultText`;
+/// both are UTF-8 and trimmed. Where no value failed the answer is empty.
 [[nodiscard]] std::string formatError(const internal::CErrMsgBuilder<char>& builder,
                                       std::string_view defaultText, ResultCode first, ResultCode second = {},
                                       ResultCode third = {});

@@ -28,12 +28,13 @@ struct [[nodiscard]] ResultCodes
 };
 
 /// The numberings that ResultCode::code may belong to.
-enum ErrorGroup : std::uint32_t {
-    kGroupSystem = 1,   ///< the operating system's last error; errno on Unix
-    kGroupRuntime = 3,  ///< errno of the C runtime library
-    kGroupProgram = 5,  ///< the program's own codes, see ErrorCodes.h
-    kGroupCurl = 50,    ///< a CURLcode
-    kGroupSkein = 54,   ///< a status of the Skein core
+enum ErrorGroup : std::uint32_t
+{
+    kGroupSystem = 1,  ///< the operating system's last error; errno on Unix
+    kGroupRuntime = 3, ///< errno of the C runtime library
+    kGroupProgram = 5, ///< the program's own codes, see ErrorCodes.h
+    kGroupCurl = 50,   ///< a CURLcode
+    kGroupSkein = 54,  ///< a status of the Skein core
 };
 
 } // namespace quillon::err

@@ -18,15 +18,15 @@ public:
     /// Size in bytes at the time of the open.
     [[nodiscard]] virtual std::int64_t size() const noexcept = 0;
 
-    /// Reads up to `count` bytes into `buffer` with one system call and moves on; `bytesRead` says how many came,
-    /// 0 at the end of the file. Failure gives {1, system error} and leaves `bytesRead` alone.
+    /// Reads up to `count` bytes into `buffer` with one system call and moves on; `bytesRead` says how many
+    /// came, 0 at the end of the file. Failure gives {1, system error} and leaves `bytesRead` alone.
     virtual err::ResultCode read(char* buffer, std::uint32_t count, std::uint32_t& bytesRead) = 0;
 };
 
-/// Opens an existing file by its wide name into `file`. Never blocks. Failure gives {1, system error} and leaves
-/// `file` empty. What opens is what has bytes in a fixed number: a folder, a pipe, a socket or a character device
-/// is refused, and so is a file that claims no size and has bytes all the same, as a digest of nothing would
-/// be a lie.
+/// Opens an existing file by its wide name into `file`. Never blocks. Failure gives {1, system error} and
+/// leaves `file` empty. What opens is what has bytes in a fixed number: a folder, a pipe, a socket or a
+/// character device is refused, and so is a file that claims no size and has bytes all the same, as a digest
+/// of nothing would be a lie.
 err::ResultCode openInputFile(const std::wstring& name, std::unique_ptr<InputFile>& file);
 
 } // namespace quillon::platform

@@ -8,7 +8,8 @@ class ILockable
 public:
     virtual ~ILockable() = default;
 
-    /// Blocks until the calling thread holds the lock. Throws std::system_error where the system's lock fails.
+    /// Blocks until the calling thread holds the lock. Throws std::system_error where the system's lock
+    /// fails.
     virtual void lock() = 0;
 
     /// Releases one level of holding.

@@ -17,7 +17,10 @@ class SafeData final : public ILockable
 {
 public:
     SafeData() = default;
-    explicit SafeData(T initial) : value(std::move(initial)) {}
+    explicit SafeData(T initial)
+        : value(std::move(initial))
+    {
+    }
 
     void lock() override { m_lock.lock(); }
     void unlock() override { m_lock.unlock(); }

@@ -12,7 +12,10 @@ class SafeValue
 {
 public:
     SafeValue() = default;
-    explicit SafeValue(T initial) : m_value(initial) {}
+    explicit SafeValue(T initial)
+        : m_value(initial)
+    {
+    }
 
     [[nodiscard]] T get() const
     {

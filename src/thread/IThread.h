@@ -8,7 +8,8 @@
 namespace quillon::thread {
 
 /// How a wait ended.
-enum class WaitStatus : std::int32_t {
+enum class WaitStatus : std::int32_t
+{
     Ready = 0,    ///< the run has ended
     TimedOut = 1, ///< the run goes on
     Deferred = 2, ///< no run was ever started

@@ -3,10 +3,11 @@
 #include "err/ResultCode.h"
 #include "text/Unicode.h"
 
-#include <cerrno>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+
+#include <cerrno>
 #include <utility>
 
 namespace quillon::platform {
@@ -26,8 +27,14 @@ err::ResultCode lastSystemError()
 class Descriptor
 {
 public:
-    explicit Descriptor(int value) noexcept : m_value(value) {}
-    Descriptor(Descriptor&& other) noexcept : m_value(std::exchange(other.m_value, -1)) {}
+    explicit Descriptor(int value) noexcept
+        : m_value(value)
+    {
+    }
+    Descriptor(Descriptor&& other) noexcept
+        : m_value(std::exchange(other.m_value, -1))
+    {
+    }
     Descriptor& operator=(Descriptor&&) = delete;
     ~Descriptor()
     {
@@ -55,7 +62,8 @@ class UnixInputFile final : public InputFile
 {
 public:
     UnixInputFile(Descriptor descriptor, std::int64_t size) noexcept
-        : m_descriptor(std::move(descriptor)), m_size(size)
+        : m_descriptor(std::move(descriptor))
+        , m_size(size)
     {
     }
 

@@ -1,0 +1,91 @@
+#include "app/CMainWindow.h"
+
+#include "platform/qt/FileDialogFilter.h"
+#include "ui/CProgressBarFrame.h"
+#include "ui/FileDetails.h"
+#include "ui_CMainWindow.h"
+
+#include <QDesktopServices>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QUrl>
+
+void CMainWindow::onFilesDropped(std::int32_t id, const QList<QUrl>& urls)
+{
+    constexpr std::int32_t kFrameId = 1;
+    constexpr std::int32_t kEditId = 100;
+    if ((id != kFrameId && id != kEditId) || urls.isEmpty())
+        return;
+    m_ui->lineEditInput->setText(QFileInfo(urls.front().toLocalFile()).absoluteFilePath());
+    updateInputFileDetails();
+    if (isInputFileChanged())
+        dropFormerResult();
+}
+
+void CMainWindow::onUiInputFileNameChanged()
+{
+    updateInputFileDetails();
+    if (isInputFileChanged())
+        dropFormerResult();
+}
+
+void CMainWindow::onUiSetInputFile()
+{
+    const QString file = askForInputFile(tr("Add file to calculate hash"));
+    if (file.isEmpty())
+        return;
+    m_ui->lineEditInput->setText(file);
+    if (isInputFileChanged())
+        dropFormerResult();
+}
+
+void CMainWindow::onUiOpenInputDir()
+{
+    const QString text = m_ui->lineEditInput->text();
+    if (text.isEmpty())
+        return;
+    const QString folder = QFileInfo(text).absolutePath();
+    if (QDir(folder).exists())
+        QDesktopServices::openUrl(QUrl::fromLocalFile(folder));
+}
+
+QString CMainWindow::inputFileName() const
+{
+    return m_ui->lineEditInput->text().trimmed();
+}
+
+bool CMainWindow::isInputFileChanged() const
+{
+    const QString fileName = QString::fromStdString(m_hashData.get().fileName);
+    return fileName.isEmpty() || fileName != inputFileName();
+}
+
+QString CMainWindow::askForInputFile(const QString& title)
+{
+    return QFileDialog::getOpenFileName(this, title, QString(),
+                                        tr("All files") + quillon::platform::allFilesPattern());
+}
+
+/// The digest and the status on screen belong to another file than the one in the edit field.
+void CMainWindow::dropFormerResult()
+{
+    resetStatus(false);
+    clearHashResults();
+    updateResultCaption();
+}
+
+void CMainWindow::updateInputFileDetails()
+{
+    const QString path = inputFileName();
+    QTextEdit& panel = *m_ui->textEditInputFileDetails;
+    if (path.isEmpty()) {
+        panel.setPlainText(QString());
+    } else if (QFileInfo::exists(path)) {
+        panel.setTextColor(Qt::black);
+        panel.setPlainText(getFileDetailsText(path));
+    } else {
+        panel.setPlainText(tr("File not found"));
+        panel.setTextColor(Qt::red);
+    }
+}

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include <QString>
+#include <QStringList>
+
+namespace thisapp {
+
+/// What the arguments of a start ask for.
+struct CommandLine
+{
+    QString file;                  ///< trimmed; empty where none was given
+    std::uint32_t algorithmId = 0; ///< an id of the algorithm catalogue; 0 where none was named
+    bool start = false;            ///< the run starts at once
+};
+
+/// Reads an argument list (without the program's name). A lone argument is the file, and only if it exists.
+/// More of them are keys behind "-" or "/", in any case: "ifile" with a file, "a", "alg" or "algorithm" with the
+/// name of an algorithm, and "start". A value never begins with "-" or "/"; what is not understood is skipped;
+/// later keys win.
+[[nodiscard]] CommandLine parseCommandLine(const QStringList& arguments);
+
+} // namespace thisapp

@@ -1,0 +1,55 @@
+#include "app/CMainWindow.h"
+#include "platform/ProgramArguments.h"
+#include "ui/LightPalette.h"
+#include "vars/Product.h"
+
+#include <QApplication>
+#include <QIcon>
+#include <QTextCodec>
+
+namespace {
+
+namespace vars = quillon::vars;
+
+void setIdentity()
+{
+    const QString organisation = QString::fromUtf8(vars::kOrganisation);
+    QCoreApplication::setOrganizationName(organisation);
+    QCoreApplication::setOrganizationDomain(organisation);
+    QCoreApplication::setApplicationName(QString::fromUtf8(vars::kProductName));
+}
+
+QStringList commandLine(int argc, const char* const* argv)
+{
+    QStringList arguments;
+    for (const std::string& argument : quillon::platform::programArguments(argc, argv))
+        arguments.append(QString::fromStdString(argument));
+    return arguments;
+}
+
+/// What must stand before the application object is made.
+void prepareToolkit()
+{
+    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    // File names are UTF-8 on the road to the system, also where the locale names no such encoding.
+    QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    setIdentity();
+    // Taken now, as the application object removes the arguments that it knows.
+    const QStringList arguments = commandLine(argc, argv);
+    prepareToolkit();
+    const QApplication application(argc, argv);
+    QGuiApplication::setDesktopFileName(QString::fromUtf8(vars::kDesktopFileName));
+    useLightPaletteOnDarkDesktop();
+    CMainWindow window;
+    window.setWindowIcon(QIcon(QStringLiteral(":/kestrum/main.ico")));
+    window.setCommandLine(arguments);
+    window.show();
+    return QApplication::exec();
+}

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "crypto/HashResult.h"
+#include "crypto/SHashAlgId.h"
+
+#include <cstdint>
+#include <string>
+
+namespace thisapp {
+
+/// One run: what was asked for, filled in at its start, and what the worker has told about it since.
+struct SHashData
+{
+    SHashAlgId algorithm;
+    std::string fileName; ///< UTF-8
+    std::uint32_t inputKind = 1;
+    float percent = 0.0F;
+    std::uint64_t processedBytes = 0;
+    bool stopped = false;
+    quillon::crypto::HashResult result;
+};
+
+} // namespace thisapp

@@ -1,0 +1,12 @@
+#include "crypto/skein/SkeinBlock.h"
+#include "crypto/skein/SkeinCore.h"
+
+namespace quillon::skein {
+
+void skein512Block(Skein512State& state, const unsigned char* data, std::uint64_t blockCount,
+                   std::uint64_t bytesPerBlock) noexcept
+{
+    internal::processBlocks(state, data, blockCount, bytesPerBlock);
+}
+
+} // namespace quillon::skein

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "crypto/skein/SkeinState.h"
+
+#include <cstdint>
+
+/// The Skein hash function, version 1.3, in plain hashing mode: no tree, no key, no personalisation.
+/// Published as "The Skein Hash Function Family", version 1.3, 1 October 2010 (Ferguson, Lucks, Schneier,
+/// Whiting, Bellare, Kohno, Callas, Walker).
+///
+/// For each state size:
+/// - Init starts a message whose digest has `hashBitLen` bits. It sets the whole state, whatever was in it.
+/// - Update absorbs `byteCount` bytes; a null pointer is fine with a count of 0. The last block is always
+/// kept
+///   back, since only Final can mark it as the last.
+/// - Final writes (hashBitLen + 7) / 8 bytes to `output`. Only Init may follow.
+/// - Block runs `blockCount` whole blocks from `data` through the compression function, each counting as
+///   `bytesPerBlock` bytes of the message.
+///
+/// Init, Update and Final return a status, 0 for success; none of them has a way to fail. A state belongs to
+/// one thread at a time, and `data` may be the state's own buffer only for Block.
+namespace quillon::skein {
+
+std::uint32_t skein256Init(Skein256State& state, std::uint64_t hashBitLen) noexcept;
+std::uint32_t skein256Update(Skein256State& state, const void* data, std::uint64_t byteCount) noexcept;
+std::uint32_t skein256Final(Skein256State& state, void* output) noexcept;
+void skein256Block(Skein256State& state, const unsigned char* data, std::uint64_t blockCount,
+                   std::uint64_t bytesPerBlock) noexcept;
+
+std::uint32_t skein512Init(Skein512State& state, std::uint64_t hashBitLen) noexcept;
+std::uint32_t skein512Update(Skein512State& state, const void* data, std::uint64_t byteCount) noexcept;
+std::uint32_t skein512Final(Skein512State& state, void* output) noexcept;
+void skein512Block(Skein512State& state, const unsigned char* data, std::uint64_t blockCount,
+                   std::uint64_t bytesPerBlock) noexcept;
+
+std::uint32_t skein1024Init(Skein1024State& state, std::uint64_t hashBitLen) noexcept;
+std::uint32_t skein1024Update(Skein1024State& state, const void* data, std::uint64_t byteCount) noexcept;
+std::uint32_t skein1024Final(Skein1024State& state, void* output) noexcept;
+void skein1024Block(Skein1024State& state, const unsigned char* data, std::uint64_t blockCount,
+                    std::uint64_t bytesPerBlock) noexcept;
+
+} // namespace quillon::skein

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "err/ResultCode.h"
+#include "logger/LogAppender.h"
+#include "logger/LogLine.h"
+#include "sync/SafeData.h"
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <vector>
+
+namespace quillon::logger::internal {
+
+template <class Char>
+class LogAppenders;
+
+/// The appenders behind a sender. Any thread may call any operation. No appender is called, and none
+/// destroyed, while the lock of the set is held: an appender may take its time, and may log.
+template <>
+class LogAppenders<char>
+{
+public:
+    /// Adds `appender`, enabled, and takes it over. On failure it stays the caller's: {5, 6} for a null
+    /// pointer, {5, 7} where the set has its identifier or the object itself already.
+    err::ResultCode addAppender(LogAppender<char>* appender);
+
+    /// Silences an appender or lets it speak again. False where there is none with this identifier.
+    bool setAppenderEnabled(std::uint64_t identifier, bool enabled);
+
+    /// False also where there is no appender with this identifier.
+    [[nodiscard]] bool isAppenderEnabled(std::uint64_t identifier) const;
+
+    /// Lets go of every appender. One that is just taking a line lives until it has it.
+    void removeAllAppenders();
+
+    /// Hands `line` to every enabled appender, in ascending order of identifiers.
+    void send(const LogLine<char>& line) const;
+
+private:
+    struct _TAppenderDeleter
+    {
+        void operator()(LogAppender<char>* appender) const noexcept { delete appender; }
+    };
+
+    struct _TAppenderOpt
+    {
+        std::shared_ptr<LogAppender<char>> appender;
+        bool enabled = true;
+    };
+
+    using AppenderMap = std::map<unsigned long long, _TAppenderOpt>;
+
+    [[nodiscard]] std::vector<std::shared_ptr<LogAppender<char>>> enabledAppenders() const;
+
+    mutable sync::SafeData<sync::Locker, AppenderMap> m_appenders;
+};
+
+} // namespace quillon::logger::internal

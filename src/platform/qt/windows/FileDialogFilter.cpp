@@ -1,0 +1,10 @@
+#include "platform/qt/FileDialogFilter.h"
+
+namespace quillon::platform {
+
+QString allFilesPattern()
+{
+    return QStringLiteral(" (*.*)");
+}
+
+} // namespace quillon::platform

@@ -1,0 +1,43 @@
+#include "ui/CSelectAlgFrame.h"
+
+#include "ui_CSelectAlgFrame.h"
+
+#include "ui/AlgorithmList.h"
+
+#include <QListWidget>
+
+CSelectAlgFrame::CSelectAlgFrame(QWidget* parent)
+    : QFrame(parent)
+    , m_ui(std::make_unique<Ui_CSelectAlgFrame>())
+{
+    m_ui->setupUi(this);
+    // A list widget's rows are easier to fill than a bare model's; the combo box shows and then owns it.
+    m_listView = new QListWidget(this);
+    m_ui->comboBoxSelectAlg->setModel(m_listView->model());
+    m_ui->comboBoxSelectAlg->setView(m_listView);
+    // Styles whose combo boxes open like a menu switch this off, but a list of limited height needs it.
+    m_listView->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+}
+
+CSelectAlgFrame::~CSelectAlgFrame() = default;
+
+void CSelectAlgFrame::reloadAlgorithms()
+{
+    fillAlgorithmList(m_provider, m_listView, false);
+}
+
+void CSelectAlgFrame::retranslateFrame()
+{
+    m_ui->retranslateUi(this);
+}
+
+thisapp::SHashAlgId CSelectAlgFrame::getCurrentAlgorithm() const
+{
+    return parseAlgorithmItemData(m_ui->comboBoxSelectAlg->currentData(Qt::UserRole));
+}
+
+void CSelectAlgFrame::setCurrentAlgorithm(const thisapp::SHashAlgId& id)
+{
+    if (const int row = findAlgorithmRow(*m_listView, id); row >= 0)
+        m_ui->comboBoxSelectAlg->setCurrentIndex(row);
+}

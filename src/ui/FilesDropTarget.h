@@ -1,0 +1,53 @@
+#pragma once
+
+#include "ui/IFilesDragDropEvent.h"
+
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QMimeData>
+#include <QWidget>
+
+#include <cstdint>
+
+/// Turns the widget class `Base` into a drop target for URLs. What `Base` itself does with drops is switched
+/// off, so that a text field never inserts what was dropped as text.
+template <class Base>
+class FilesDropTarget : public Base
+{
+public:
+    explicit FilesDropTarget(QWidget* parent = nullptr)
+        : Base(parent)
+    {
+        this->setAcceptDrops(true);
+    }
+
+    /// The id that the handler is told, 0 until it is set.
+    void setDropId(std::int32_t id) { m_dropId = id; }
+
+    /// Who is told of drops; null tells nobody. Ownership stays with the caller, and the handler must outlive
+    /// the drops.
+    void setDropHandler(IFilesDragDropEvent* handler) { m_dropHandler = handler; }
+
+protected:
+    void dragEnterEvent(QDragEnterEvent* event) override
+    {
+        if (event->mimeData()->hasUrls() && !event->mimeData()->urls().isEmpty())
+            event->acceptProposedAction();
+        else
+            event->ignore();
+    }
+
+    void dropEvent(QDropEvent* event) override
+    {
+        if (!event->mimeData()->hasUrls() || m_dropHandler == nullptr)
+            return;
+        // The files are only read. Were a proposed move confirmed, the source might delete them.
+        event->setDropAction(Qt::CopyAction);
+        event->accept();
+        m_dropHandler->onFilesDropped(m_dropId, event->mimeData()->urls());
+    }
+
+private:
+    std::int32_t m_dropId = 0;
+    IFilesDragDropEvent* m_dropHandler = nullptr;
+};
