@@ -1,7 +1,8 @@
 # Finds Crypto++ as Debian lays it out (headers below crypto++/) and makes the target CryptoPP::CryptoPP.
 
 find_path(CryptoPP_INCLUDE_DIR crypto++/cryptlib.h)
-find_library(CryptoPP_LIBRARY NAMES crypto++ cryptopp)
+# The archive first: of the shared library with its many symbols every start would pay for all, and use a few.
+find_library(CryptoPP_LIBRARY NAMES libcrypto++.a crypto++ cryptopp)
 
 include(FindPackageHandleStandardArgs)
 find_package_handle_standard_args(CryptoPP REQUIRED_VARS CryptoPP_LIBRARY CryptoPP_INCLUDE_DIR)

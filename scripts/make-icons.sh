@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Usage: scripts/make-icons.sh    # makes resources/icons/*.ico and *.png from resources/svg/*.svg
+# Usage: scripts/make-icons.sh    # makes resources/icons/* and resources/windows/kestrum.ico from resources/svg/*.svg
 #
 # Needs rsvg-convert (Debian package librsvg2-bin) and icotool (icoutils).
 # The same tool versions give the same bytes on every run.
@@ -11,8 +11,10 @@ readonly svg_dir="$root/resources/svg"
 readonly icon_dir="$root/resources/icons"
 
 readonly action_icons=(additem algorithm copy email exit folder help home settings shortcuts start stop)
-readonly action_sizes_px=(16 20 24 32 40 48 64 128)
-readonly main_sizes_px=("${action_sizes_px[@]}" 256)
+# Qt decodes every entry of a file when it makes an icon, so the program's own icons hold what a window shows and
+# no more: that is a good part of what a start takes. The shell's icon of the Windows program has all sizes.
+readonly window_sizes_px=(16 24 32 48 64)
+readonly shell_sizes_px=(16 20 24 32 40 48 64 128 256)
 # From this size on an entry is stored as PNG: as a bitmap it would weigh 256 KiB.
 readonly first_png_entry_px=256
 
@@ -28,11 +30,11 @@ render_png() {
     rsvg-convert --width "$2" --height "$2" --output "$3" "$svg_dir/$1.svg"
 }
 
-# make_ico NAME SIZE_PX...
+# make_ico NAME OUTPUT SIZE_PX...
 make_ico() {
-    local name=$1 size png
+    local name=$1 output=$2 size png
     local entries=()
-    shift
+    shift 2
     for size in "$@"; do
         png="$work_dir/$name-$size.png"
         render_png "$name" "$size" "$png"
@@ -42,7 +44,7 @@ make_ico() {
             entries+=("$png")
         fi
     done
-    icotool --create --bit-depth=32 --output="$icon_dir/$name.ico" "${entries[@]}"
+    icotool --create --bit-depth=32 --output="$output" "${entries[@]}"
 }
 
 # make_png SVG_NAME SIZE_PX RESOURCE_NAME: Qt takes the @2x file on screens scaled to 200 %
@@ -58,9 +60,9 @@ work_dir="$(mktemp -d)"
 trap 'rm -rf "$work_dir"' EXIT
 mkdir -p "$icon_dir"
 
-make_ico main "${main_sizes_px[@]}"
-for icon in "${action_icons[@]}"; do
-    make_ico "$icon" "${action_sizes_px[@]}"
+make_ico main "$root/resources/windows/kestrum.ico" "${shell_sizes_px[@]}"
+for icon in main "${action_icons[@]}"; do
+    make_ico "$icon" "$icon_dir/$icon.ico" "${window_sizes_px[@]}"
 done
 make_png ok 16 ok_16_16
 make_png cancel 16 cancel_16_16

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <cstdint>
-
 #include <QString>
+
+#include <cstdint>
 
 namespace quillon {
 

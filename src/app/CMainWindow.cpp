@@ -1,5 +1,7 @@
 #include "app/CMainWindow.h"
 
+#include "ui_CMainWindow.h"
+
 #include "app/CMsgDispatcher.h"
 #include "app/CommandLine.h"
 #include "crypto/HashCatalogue.h"
@@ -11,17 +13,16 @@
 #include "ui/CSelectAlgorithmDialog.h"
 #include "ui/Fonts.h"
 #include "ui/Resources.h"
-#include "ui_CMainWindow.h"
 #include "vars/Product.h"
-
-#include <algorithm>
-#include <mutex>
-#include <utility>
 
 #include <QApplication>
 #include <QDesktopServices>
 #include <QKeyEvent>
 #include <QUrl>
+
+#include <algorithm>
+#include <mutex>
+#include <utility>
 
 namespace crypto = quillon::crypto;
 namespace logger = quillon::logger;
@@ -42,7 +43,9 @@ constexpr std::uint32_t kStopRepeatMs = 20;
 
 } // namespace
 
-CMainWindow::CMainWindow(QWidget* parent) : QMainWindow(parent), m_ui(std::make_unique<Ui_CMainWindow>())
+CMainWindow::CMainWindow(QWidget* parent)
+    : QMainWindow(parent)
+    , m_ui(std::make_unique<Ui_CMainWindow>())
 {
     initialiseResources();
     QApplication::setFont(QApplication::font());
@@ -107,9 +110,9 @@ void CMainWindow::setFonts()
     for (QWidget* widget : std::initializer_list<QWidget*>{m_ui->menuBar, m_ui->toolBar, m_ui->lineEditInput})
         widget->setFont(font);
     const QFont caption = adjustFontBold(font, kCaptionFontDelta, true);
-    for (QWidget* widget : std::initializer_list<QWidget*>{m_ui->labelInputFileCaption, m_ui->labelResultCaption,
-                                                           m_ui->plainTextEditHashHex,
-                                                           m_ui->plainTextEditHashBase64})
+    for (QWidget* widget :
+         std::initializer_list<QWidget*>{m_ui->labelInputFileCaption, m_ui->labelResultCaption,
+                                         m_ui->plainTextEditHashHex, m_ui->plainTextEditHashBase64})
         widget->setFont(caption);
     m_ui->textEditInputFileDetails->setFont(adjustFontItalic(font, 0, true));
 }
@@ -223,7 +226,8 @@ void CMainWindow::selectDefaultAlgorithm()
 void CMainWindow::selectAlgorithm(std::uint32_t algorithmId)
 {
     const std::vector<SHashAlgInfo> rows = m_hashAlgs.get();
-    const auto row = std::ranges::find(rows, algorithmId, [](const SHashAlgInfo& info) { return info.id.alg; });
+    const auto row =
+        std::ranges::find(rows, algorithmId, [](const SHashAlgInfo& info) { return info.id.alg; });
     if (row != rows.end() && isAlgorithmKnown(row->id))
         m_hashAlgFrame->setCurrentAlgorithm(row->id);
 }

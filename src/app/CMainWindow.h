@@ -14,13 +14,13 @@
 #include "ui/IHashAlgProvider.h"
 #include "ui/SRemainingTimeEstimator.h"
 
+#include <QMainWindow>
+#include <QStringList>
+
 #include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
-
-#include <QMainWindow>
-#include <QStringList>
 
 class CMsgDispatcher;
 class CProgressBarFrame;
@@ -32,8 +32,9 @@ class TaskbarProgress;
 } // namespace quillon::platform
 
 /// The program's one window. It owns the hash session: at most one run at a time, on one worker, which talks
-/// back through queued signals only. All operations belong to the user interface thread, save those of IRunnable
-/// and IHashCallback, which the worker calls, and those of IHashAlgProvider, which any thread may call.
+/// back through queued signals only. All operations belong to the user interface thread, save those of
+/// IRunnable and IHashCallback, which the worker calls, and those of IHashAlgProvider, which any thread may
+/// call.
 class CMainWindow final : public QMainWindow,
                           public quillon::CBaseApp,
                           public IFilesDragDropEvent,
@@ -49,8 +50,8 @@ public:
     /// Cancels a run that is going on and waits for its worker.
     ~CMainWindow() override;
 
-    /// The arguments of the process, without the program's name. Call it before `show`: the first show acts on
-    /// the list and drops it.
+    /// The arguments of the process, without the program's name. Call it before `show`: the first show acts
+    /// on the list and drops it.
     void setCommandLine(const QStringList& arguments);
 
     // CBaseApp

@@ -1,9 +1,9 @@
-#include "app/CMainWindow.h"
+#include "ui_CMainWindow.h"
 
+#include "app/CMainWindow.h"
 #include "platform/qt/FileDialogFilter.h"
 #include "ui/CProgressBarFrame.h"
 #include "ui/FileDetails.h"
-#include "ui_CMainWindow.h"
 
 #include <QDesktopServices>
 #include <QDir>

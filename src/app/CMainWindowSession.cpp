@@ -1,5 +1,6 @@
-#include "app/CMainWindow.h"
+#include "ui_CMainWindow.h"
 
+#include "app/CMainWindow.h"
 #include "app/CMsgDispatcher.h"
 #include "crypto/DigestText.h"
 #include "crypto/entry/HashEntry.h"
@@ -13,15 +14,14 @@
 #include "text/AsciiText.h"
 #include "ui/CProgressBarFrame.h"
 #include "ui/CSelectAlgFrame.h"
-#include "ui_CMainWindow.h"
-
-#include <mutex>
 
 #include <QClipboard>
 #include <QCoreApplication>
 #include <QEvent>
 #include <QFileInfo>
 #include <QGuiApplication>
+
+#include <mutex>
 
 namespace crypto = quillon::crypto;
 namespace err = quillon::err;
@@ -90,8 +90,8 @@ bool CMainWindow::checkAlgorithm(const SHashAlgId& id)
     return id.lib != 0 && id.alg != 0;
 }
 
-/// The file to digest, asked for where the edit field has none. Empty, with the reason on the status line, where
-/// there is none to digest.
+/// The file to digest, asked for where the edit field has none. Empty, with the reason on the status line,
+/// where there is none to digest.
 QString CMainWindow::requestInputFile()
 {
     if (inputFileName().isEmpty()) {
@@ -188,8 +188,8 @@ void CMainWindow::onUiHashCalculationStarted()
     m_taskbarProgress->show();
     m_taskbarProgress->setValue(0);
     const SHashData session = m_hashData.get();
-    m_progressFrame->setProgress(algorithmText(session.algorithm) + tr("%1% processed").arg(QStringLiteral("0.000")) +
-                                     QStringLiteral("."),
+    m_progressFrame->setProgress(algorithmText(session.algorithm) +
+                                     tr("%1% processed").arg(QStringLiteral("0.000")) + QStringLiteral("."),
                                  0.0F);
     m_progressFrame->setProgressBarVisible(true);
     m_progressFrame->show();
@@ -222,6 +222,9 @@ void CMainWindow::onUiHashCalculationProgressChanged()
 
 void CMainWindow::onUiHashCalculationFinished()
 {
+    // All that is left to the worker is to return. Without the wait a start that follows at once could be
+    // refused.
+    m_thread.wait();
     m_taskbarProgress->hide();
     m_taskbarProgress->setValue(0);
     setInputControlsEnabled(true);
@@ -341,7 +344,8 @@ void CMainWindow::showSuccessMessage(const QString& text)
 /// Whether the digest on screen belongs to the file in the edit field.
 bool CMainWindow::isResultOf(const SHashData& session) const
 {
-    return !session.stopped && crypto::succeeded(session.result) && !session.fileName.empty() && session.percent > 0.0F &&
+    return !session.stopped && crypto::succeeded(session.result) && !session.fileName.empty() &&
+           session.percent > 0.0F &&
            quillon::text::equalsIgnoringAsciiCase(session.fileName, inputFileName().toStdString()) &&
            session.algorithm.lib != 0 && session.algorithm.alg != 0;
 }

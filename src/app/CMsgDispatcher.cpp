@@ -1,6 +1,9 @@
 #include "app/CMsgDispatcher.h"
 
-CMsgDispatcher::CMsgDispatcher(QObject* parent) : QObject(parent) {}
+CMsgDispatcher::CMsgDispatcher(QObject* parent)
+    : QObject(parent)
+{
+}
 
 CMsgDispatcher::~CMsgDispatcher()
 {

@@ -5,7 +5,8 @@
 #include <QObject>
 
 /// Turns what the hash worker reports into signals, which reach the window's thread queued. The signals carry
-/// no data: whoever receives one reads the session's record as it then stands, so signals may pile up unharmed.
+/// no data: whoever receives one reads the session's record as it then stands, so signals may pile up
+/// unharmed.
 class CMsgDispatcher final : public QObject
 {
     Q_OBJECT

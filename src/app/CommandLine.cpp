@@ -3,13 +3,13 @@
 #include "crypto/HashCatalogue.h"
 #include "text/AsciiText.h"
 
+#include <QFileInfo>
+
 #include <algorithm>
 #include <initializer_list>
 #include <optional>
 #include <string_view>
 #include <vector>
-
-#include <QFileInfo>
 
 namespace thisapp {
 namespace {

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <cstdint>
-#include <string>
-
 #include <QString>
 #include <QStringList>
+
+#include <cstdint>
+#include <string>
 
 namespace thisapp {
 
@@ -17,9 +17,9 @@ struct CommandLine
 };
 
 /// Reads an argument list (without the program's name). A lone argument is the file, and only if it exists.
-/// More of them are keys behind "-" or "/", in any case: "ifile" with a file, "a", "alg" or "algorithm" with the
-/// name of an algorithm, and "start". A value never begins with "-" or "/"; what is not understood is skipped;
-/// later keys win.
+/// More of them are keys behind "-" or "/", in any case: "ifile" with a file, "a", "alg" or "algorithm" with
+/// the name of an algorithm, and "start". A value never begins with "-" or "/"; what is not understood is
+/// skipped; later keys win.
 [[nodiscard]] CommandLine parseCommandLine(const QStringList& arguments);
 
 } // namespace thisapp

@@ -19,7 +19,10 @@ platform::SettingsStore storeOf(int productId)
 
 } // namespace
 
-AppSettings::AppSettings(int productId) : AppSettings(productId, storeOf(productId)) {}
+AppSettings::AppSettings(int productId)
+    : AppSettings(productId, storeOf(productId))
+{
+}
 
 AppSettings::AppSettings(int productId, const platform::SettingsStore& store)
     : QSettings(store.path, store.format)

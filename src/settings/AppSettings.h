@@ -8,9 +8,9 @@ struct SettingsStore;
 
 namespace quillon {
 
-/// The persistent key and value store of one product of this user. Made at the point of use and dropped at the
-/// end of the scope, so that every read sees the store as it is; writes reach it on destruction at the latest.
-/// Used on the thread that made it.
+/// The persistent key and value store of one product of this user. Made at the point of use and dropped at
+/// the end of the scope, so that every read sees the store as it is; writes reach it on destruction at the
+/// latest. Used on the thread that made it.
 class AppSettings : public QSettings
 {
 public:

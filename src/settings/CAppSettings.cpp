@@ -2,4 +2,7 @@
 
 #include "vars/Product.h"
 
-CAppSettings::CAppSettings() : AppSettings(static_cast<int>(quillon::vars::kProductId)) {}
+CAppSettings::CAppSettings()
+    : AppSettings(static_cast<int>(quillon::vars::kProductId))
+{
+}

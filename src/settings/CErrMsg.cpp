@@ -3,10 +3,10 @@
 #include "err/ResultCode.h"
 #include "platform/SystemErrorText.h"
 
+#include <QObject>
+
 #include <algorithm>
 #include <iterator>
-
-#include <QObject>
 
 namespace thisapp {
 namespace {

@@ -7,8 +7,8 @@
 
 namespace thisapp {
 
-/// The texts of the errors that this program reports: system errors in the system's words, its own codes in the
-/// user's language. Holds no data; any thread may ask.
+/// The texts of the errors that this program reports: system errors in the system's words, its own codes in
+/// the user's language. Holds no data; any thread may ask.
 class CErrMsg final : public quillon::err::internal::CErrMsgBuilder<char>
 {
 public:

@@ -4,9 +4,9 @@
 #include "settings/CAppSettings.h"
 #include "settings/SettingsKeys.h"
 
-#include <cstdint>
-
 #include <QVariant>
+
+#include <cstdint>
 
 namespace thisapp {
 namespace {

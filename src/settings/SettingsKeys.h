@@ -2,8 +2,8 @@
 
 #include <QString>
 
-/// The keys of the settings store, built before the entry function runs. Readers supply the default that stands
-/// here in their call and check the value themselves; a bad stored value reads as the default.
+/// The keys of the settings store, built before the entry function runs. Readers supply the default that
+/// stands here in their call and check the value themselves; a bad stored value reads as the default.
 namespace thisapp::settings {
 
 /// int, default 1: what a successful run copies to the clipboard (see ClipboardCopy).
@@ -19,6 +19,11 @@ inline const QString DefaultCryptoLibrary = QStringLiteral("DefaultCryptoLibrary
 inline const QString DefaultCryptoHashAlgorithm = QStringLiteral("DefaultCryptoHashAlgorithm");
 
 /// The values of WhatCopyToClipboard that copy something; every other value copies nothing.
-enum ClipboardCopy : int { kCopyNothing = 1, kCopyHex = 2, kCopyBase64 = 4 };
+enum ClipboardCopy : int
+{
+    kCopyNothing = 1,
+    kCopyHex = 2,
+    kCopyBase64 = 4
+};
 
 } // namespace thisapp::settings

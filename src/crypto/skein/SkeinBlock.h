@@ -1,8 +1,10 @@
 #pragma once
 
+#include "crypto/skein/CompilerBarrier.h"
 #include "crypto/skein/LittleEndian.h"
 #include "crypto/skein/SkeinState.h"
 #include "crypto/skein/Threefish.h"
+#include "crypto/skein/ThreefishOrder.h"
 
 #include <array>
 #include <bit>
@@ -10,64 +12,164 @@
 #include <cstdint>
 #include <utility>
 
+/// The compression function of Skein, from which the block functions of the three sizes are made. Everything
+/// is inlined and every index is a constant, so each becomes straight-line code on local words. How fast that
+/// code is depends on the order of the statements and on the barriers as much as on their number.
 namespace quillon::skein::internal {
 
+// A plain array in a struct: with std::array the sanitizers would instrument thousands of calls.
 template <std::size_t kWords>
-using Words = std::array<std::uint64_t, kWords>;
+struct Words
+{
+    std::uint64_t word[kWords];
+};
 
-/// Key words with the parity word, tweak words with their XOR.
+/// The key with its parity word, and the tweak with the XOR of its words.
 template <std::size_t kWords>
 struct KeySchedule
 {
-    Words<kWords + 1> key;
-    Words<3> tweak;
+    std::uint64_t key[kWords + 1];
+    std::uint64_t tweak[3];
 };
 
+template <std::size_t kSubkey, std::size_t kIndex, std::size_t kWords>
+[[gnu::always_inline]] inline void addSubkeyWord(Words<kWords>& v,
+                                                 const KeySchedule<kWords>& schedule) noexcept
+{
+    v.word[kIndex] += schedule.key[(kSubkey + kIndex) % (kWords + 1)];
+    if constexpr (kIndex == kWords - 3)
+        v.word[kIndex] += schedule.tweak[kSubkey % 3];
+    if constexpr (kIndex == kWords - 2)
+        v.word[kIndex] += schedule.tweak[(kSubkey + 1) % 3];
+    if constexpr (kIndex == kWords - 1)
+        v.word[kIndex] += kSubkey;
+}
+
+/// The second word of each pair comes first, since the rounds wait for it: it was the last to be ready.
 template <std::size_t kSubkey, std::size_t kWords, std::size_t... kIndex>
 [[gnu::always_inline]] inline void addSubkey(Words<kWords>& v, const KeySchedule<kWords>& schedule,
                                              std::index_sequence<kIndex...>) noexcept
 {
-    ((v[kIndex] += schedule.key[(kSubkey + kIndex) % (kWords + 1)]), ...);
-    v[kWords - 3] += schedule.tweak[kSubkey % 3];
-    v[kWords - 2] += schedule.tweak[(kSubkey + 1) % 3];
-    v[kWords - 1] += kSubkey;
+    (addSubkeyWord<kSubkey, (kIndex ^ 1)>(v, schedule), ...);
 }
+
+[[gnu::always_inline]] inline void pin(std::uint64_t& word) noexcept
+{
+    KESTRUM_COMPILER_BARRIER("r", word);
+}
+
+template <std::size_t kWords, std::size_t... kIndex>
+[[gnu::always_inline]] inline void pinAll(Words<kWords>& v, std::index_sequence<kIndex...>) noexcept
+{
+    (pin(v.word[kIndex]), ...);
+}
+
+/// The two words of a pair, and how far the second one is rotated.
+template <std::size_t kRound, std::size_t kPair, std::size_t kWords>
+struct Pair
+{
+    static constexpr std::size_t kFirst = kWordPlaces<kWords>[kRound % kRoundsPerSubkey][2 * kPair];
+    static constexpr std::size_t kSecond = kWordPlaces<kWords>[kRound % kRoundsPerSubkey][2 * kPair + 1];
+    static constexpr int kRotation = Threefish<kWords>::kRotations[kRound % kRotationPeriod][kPair];
+};
 
 template <std::size_t kRound, std::size_t kPair, std::size_t kWords>
 [[gnu::always_inline]] inline void mix(Words<kWords>& v) noexcept
 {
-    constexpr auto kPlaces = wordPlaces<kWords>()[kRound % kRoundsPerSubkey];
-    constexpr int kRotation = Threefish<kWords>::kRotations[kRound % kRotationPeriod][kPair];
-    std::uint64_t& first = v[kPlaces[2 * kPair]];
-    std::uint64_t& second = v[kPlaces[2 * kPair + 1]];
-    first += second;
-    second = std::rotl(second, kRotation) ^ first;
+    using P = Pair<kRound, kPair, kWords>;
+    v.word[P::kFirst] += v.word[P::kSecond];
+    v.word[P::kSecond] = std::rotl(v.word[P::kSecond], P::kRotation) ^ v.word[P::kFirst];
 }
 
-template <std::size_t kRound, std::size_t kWords, std::size_t... kPair>
-[[gnu::always_inline]] inline void mixAll(Words<kWords>& v, std::index_sequence<kPair...>) noexcept
+template <std::size_t kRound, std::size_t kPair, std::size_t kWords>
+[[gnu::always_inline]] inline void addAndRotate(Words<kWords>& v) noexcept
 {
-    (mix<kRound, kPair>(v), ...);
+    using P = Pair<kRound, kPair, kWords>;
+    v.word[P::kFirst] += v.word[P::kSecond];
+    v.word[P::kSecond] = std::rotl(v.word[P::kSecond], P::kRotation);
+    pin(v.word[P::kSecond]);
 }
 
+template <std::size_t kRound, std::size_t kPair, std::size_t kWords>
+[[gnu::always_inline]] inline void exclusiveOr(Words<kWords>& v) noexcept
+{
+    using P = Pair<kRound, kPair, kWords>;
+    v.word[P::kSecond] ^= v.word[P::kFirst];
+}
+
+/// One round for a state that fits the registers. The additions and rotations of all pairs are independent of
+/// each other and so are the exclusive-ors: in this order a processor of four units is kept busy.
+template <std::size_t kRound, std::size_t kWords, std::size_t... kPair>
+[[gnu::always_inline]] inline void roundOfPairs(Words<kWords>& v, std::index_sequence<kPair...>) noexcept
+{
+    (addAndRotate<kRound, kPair>(v), ...);
+    (exclusiveOr<kRound, kPair>(v), ...);
+}
+
+template <std::size_t kRound, std::size_t kQuad, std::size_t kWords>
+[[gnu::always_inline]] inline void twoRoundsOfQuad(Words<kWords>& v) noexcept
+{
+    constexpr Quad kThis = quadsOfRound<kWords>(kRound % kRoundsPerSubkey)[kQuad];
+    mix<kRound, kThis.pairs[0]>(v);
+    mix<kRound, kThis.pairs[1]>(v);
+    mix<kRound + 1, kThis.nextPairs[0]>(v);
+    mix<kRound + 1, kThis.nextPairs[1]>(v);
+}
+
+/// Two rounds for a state that does not fit the registers: a word that was loaded is used twice.
+template <std::size_t kRound, std::size_t kWords, std::size_t... kQuad>
+[[gnu::always_inline]] inline void twoRoundsOfQuads(Words<kWords>& v, std::index_sequence<kQuad...>) noexcept
+{
+    (twoRoundsOfQuad<kRound, kQuad>(v), ...);
+}
+
+/// One subkey and its four rounds, for a state that fits the registers of a usual 64-bit machine.
 template <std::size_t kSubkey, std::size_t kWords>
 [[gnu::always_inline]] inline void fourRounds(Words<kWords>& v, const KeySchedule<kWords>& schedule) noexcept
 {
+    constexpr std::size_t kRound = kSubkey * kRoundsPerSubkey;
+    constexpr auto kIndices = std::make_index_sequence<kWords>{};
     constexpr auto kPairs = std::make_index_sequence<kWords / 2>{};
-    constexpr std::size_t kFirst = kSubkey * kRoundsPerSubkey;
-    addSubkey<kSubkey>(v, schedule, std::make_index_sequence<kWords>{});
-    mixAll<kFirst>(v, kPairs);
-    mixAll<kFirst + 1>(v, kPairs);
-    mixAll<kFirst + 2>(v, kPairs);
-    mixAll<kFirst + 3>(v, kPairs);
+    addSubkey<kSubkey>(v, schedule, kIndices);
+    pinAll(v, kIndices);
+    roundOfPairs<kRound>(v, kPairs);
+    roundOfPairs<kRound + 1>(v, kPairs);
+    roundOfPairs<kRound + 2>(v, kPairs);
+    roundOfPairs<kRound + 3>(v, kPairs);
+}
+
+/// The same for sixteen words. The key schedule is held in memory, from where an addition takes its words
+/// without a register; the compiler would otherwise keep sums of it that it has to spill.
+template <std::size_t kSubkey>
+[[gnu::always_inline]] inline void fourRounds(Words<16>& v, KeySchedule<16>& schedule) noexcept
+{
+    constexpr std::size_t kRound = kSubkey * kRoundsPerSubkey;
+    constexpr auto kQuads = std::make_index_sequence<4>{};
+    addSubkey<kSubkey>(v, schedule, std::make_index_sequence<16>{});
+    KESTRUM_COMPILER_BARRIER("m", schedule.key);
+    KESTRUM_COMPILER_BARRIER("m", schedule.tweak);
+    twoRoundsOfQuads<kRound>(v, kQuads);
+    twoRoundsOfQuads<kRound + 2>(v, kQuads);
 }
 
 template <std::size_t kWords, std::size_t... kSubkey>
-[[gnu::always_inline]] inline void allRounds(Words<kWords>& v, const KeySchedule<kWords>& schedule,
-                                             std::index_sequence<kSubkey...>) noexcept
+[[gnu::always_inline]] inline void encrypt(Words<kWords>& v, KeySchedule<kWords>& schedule,
+                                           std::index_sequence<kSubkey...>) noexcept
 {
     (fourRounds<kSubkey>(v, schedule), ...);
     addSubkey<sizeof...(kSubkey)>(v, schedule, std::make_index_sequence<kWords>{});
+}
+
+template <std::size_t kWords, std::size_t... kIndex>
+[[gnu::always_inline]] inline void processBlock(SkeinState<kWords>& state, const unsigned char* data,
+                                                std::index_sequence<kIndex...>) noexcept
+{
+    const auto [t0, t1] = state.tweak;
+    const auto& chain = state.chain;
+    KeySchedule<kWords> schedule{{chain[kIndex]..., (kKeyParity ^ ... ^ chain[kIndex])}, {t0, t1, t0 ^ t1}};
+    Words<kWords> v{{readLittleEndian64(data + kIndex * kWordBytes)...}};
+    encrypt(v, schedule, std::make_index_sequence<Threefish<kWords>::kRounds / kRoundsPerSubkey>{});
+    ((state.chain[kIndex] = v.word[kIndex] ^ readLittleEndian64(data + kIndex * kWordBytes)), ...);
 }
 
 template <std::size_t kWords>
@@ -77,19 +179,7 @@ template <std::size_t kWords>
 {
     for (; blockCount > 0; --blockCount) {
         state.tweak[0] += bytesPerBlock;
-        KeySchedule<kWords> schedule;
-        schedule.key[kWords] = kKeyParity;
-        for (std::size_t i = 0; i < kWords; ++i) {
-            schedule.key[i] = state.chain[i];
-            schedule.key[kWords] ^= state.chain[i];
-        }
-        schedule.tweak = {state.tweak[0], state.tweak[1], state.tweak[0] ^ state.tweak[1]};
-        Words<kWords> v;
-        for (std::size_t i = 0; i < kWords; ++i)
-            v[i] = readLittleEndian64(data + i * kWordBytes);
-        allRounds(v, schedule, std::make_index_sequence<Threefish<kWords>::kRounds / kRoundsPerSubkey>{});
-        for (std::size_t i = 0; i < kWords; ++i)
-            state.chain[i] = v[i] ^ readLittleEndian64(data + i * kWordBytes);
+        processBlock(state, data, std::make_index_sequence<kWords>{});
         state.tweak[1] &= ~kTweakFirstBlock;
         data += SkeinState<kWords>::kBlockBytes;
     }

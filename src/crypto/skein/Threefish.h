@@ -73,23 +73,4 @@ struct Threefish<16>
     }};
 };
 
-/// For each round of a group of four, which word stands at which place. The permutation is applied to these
-/// indices instead of to the words; after four rounds every word is back at its own place.
-template <std::size_t kWords>
-constexpr std::array<std::array<std::size_t, kWords>, kRoundsPerSubkey + 1> wordPlaces() noexcept
-{
-    std::array<std::array<std::size_t, kWords>, kRoundsPerSubkey + 1> places{};
-    for (std::size_t i = 0; i < kWords; ++i)
-        places[0][i] = i;
-    for (std::size_t round = 0; round < kRoundsPerSubkey; ++round) {
-        for (std::size_t i = 0; i < kWords; ++i)
-            places[round + 1][i] = places[round][Threefish<kWords>::kPermutation[i]];
-    }
-    return places;
-}
-
-static_assert(wordPlaces<4>().front() == wordPlaces<4>().back());
-static_assert(wordPlaces<8>().front() == wordPlaces<8>().back());
-static_assert(wordPlaces<16>().front() == wordPlaces<16>().back());
-
 } // namespace quillon::skein::internal

@@ -2,8 +2,9 @@
 
 #include "err/ResultCode.h"
 
-#include <utility>
 #include <windows.h>
+
+#include <utility>
 
 namespace quillon::platform {
 namespace {
@@ -28,7 +29,11 @@ using Handle = std::unique_ptr<void, HandleCloser>;
 class WindowsInputFile final : public InputFile
 {
 public:
-    WindowsInputFile(Handle handle, std::int64_t size) noexcept : m_handle(std::move(handle)), m_size(size) {}
+    WindowsInputFile(Handle handle, std::int64_t size) noexcept
+        : m_handle(std::move(handle))
+        , m_size(size)
+    {
+    }
 
     [[nodiscard]] std::int64_t size() const noexcept override { return m_size; }
 

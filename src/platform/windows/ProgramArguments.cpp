@@ -2,10 +2,10 @@
 
 #include "text/Unicode.h"
 
-#include <memory>
+#include <shellapi.h>
 #include <windows.h>
 
-#include <shellapi.h>
+#include <memory>
 
 namespace quillon::platform {
 namespace {

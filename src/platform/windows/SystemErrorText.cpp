@@ -3,8 +3,9 @@
 #include "text/AsciiText.h"
 #include "text/Unicode.h"
 
-#include <memory>
 #include <windows.h>
+
+#include <memory>
 
 namespace quillon::platform {
 namespace {
@@ -20,9 +21,8 @@ std::string osErrorText(std::uint32_t code)
 {
     wchar_t* buffer = nullptr;
     // With this flag the function takes the address of a pointer where it otherwise takes a buffer.
-    const DWORD length =
-        FormatMessageW(FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM, nullptr, code, 0,
-                       reinterpret_cast<LPWSTR>(&buffer), 0, nullptr);
+    const DWORD length = FormatMessageW(FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM, nullptr,
+                                        code, 0, reinterpret_cast<LPWSTR>(&buffer), 0, nullptr);
     const std::unique_ptr<wchar_t, LocalMemoryCloser> owner(buffer);
     if (length == 0 || buffer == nullptr)
         return {};

@@ -28,9 +28,9 @@ bool hasSessionBus()
            QFileInfo::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + QStringLiteral("/bus"));
 }
 
-/// The way to the session bus. Connecting can take as long as the bus likes, so a thread of its own does it, at
-/// the first message; until then only the latest message is kept, as it makes the former ones void. Shared with
-/// that thread, which a bus that never answers may keep beyond the owner's life.
+/// The way to the session bus. Connecting can take as long as the bus likes, so a thread of its own does it,
+/// at the first message; until then only the latest message is kept, as it makes the former ones void. Shared
+/// with that thread, which a bus that never answers may keep beyond the owner's life.
 class SessionBus : public std::enable_shared_from_this<SessionBus>
 {
 public:
@@ -99,7 +99,10 @@ QDBusMessage updateSignal(bool visible, int percent)
 class TaskbarProgress::Private
 {
 public:
-    Private() : m_bus(hasSessionBus() ? std::make_shared<SessionBus>() : nullptr) {}
+    Private()
+        : m_bus(hasSessionBus() ? std::make_shared<SessionBus>() : nullptr)
+    {
+    }
 
     ~Private()
     {
@@ -138,7 +141,10 @@ private:
 };
 
 // The launcher entry is named by the desktop file, not by a window.
-TaskbarProgress::TaskbarProgress(quintptr /*windowId*/) : m_private(std::make_unique<Private>()) {}
+TaskbarProgress::TaskbarProgress(quintptr /*windowId*/)
+    : m_private(std::make_unique<Private>())
+{
+}
 
 TaskbarProgress::~TaskbarProgress() = default;
 

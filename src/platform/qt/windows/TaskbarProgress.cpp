@@ -1,10 +1,10 @@
 #include "platform/qt/TaskbarProgress.h"
 
-#include <algorithm>
-#include <memory>
+#include <shobjidl.h>
 #include <windows.h>
 
-#include <shobjidl.h>
+#include <algorithm>
+#include <memory>
 
 namespace quillon::platform {
 namespace {
@@ -18,12 +18,13 @@ struct ComReleaser
 
 using TaskbarList = std::unique_ptr<ITaskbarList3, ComReleaser>;
 
-/// COM is up on this thread: Qt's platform plug-in starts it for the clipboard and for drag and drop. Empty where
-/// the desktop has no taskbar of this kind.
+/// COM is up on this thread: Qt's platform plug-in starts it for the clipboard and for drag and drop. Empty
+/// where the desktop has no taskbar of this kind.
 TaskbarList createTaskbarList()
 {
     void* object = nullptr;
-    if (FAILED(CoCreateInstance(CLSID_TaskbarList, nullptr, CLSCTX_INPROC_SERVER, IID_ITaskbarList3, &object)))
+    if (FAILED(
+            CoCreateInstance(CLSID_TaskbarList, nullptr, CLSCTX_INPROC_SERVER, IID_ITaskbarList3, &object)))
         return nullptr;
     TaskbarList list(static_cast<ITaskbarList3*>(object));
     return SUCCEEDED(list->HrInit()) ? std::move(list) : nullptr;
@@ -34,7 +35,10 @@ TaskbarList createTaskbarList()
 class TaskbarProgress::Private
 {
 public:
-    explicit Private(quintptr windowId) : m_window(reinterpret_cast<HWND>(windowId)) {}
+    explicit Private(quintptr windowId)
+        : m_window(reinterpret_cast<HWND>(windowId))
+    {
+    }
     ~Private() { setVisible(false); }
     Private(const Private&) = delete;
     Private& operator=(const Private&) = delete;
@@ -76,7 +80,10 @@ private:
     int m_percent = 0;
 };
 
-TaskbarProgress::TaskbarProgress(quintptr windowId) : m_private(std::make_unique<Private>(windowId)) {}
+TaskbarProgress::TaskbarProgress(quintptr windowId)
+    : m_private(std::make_unique<Private>(windowId))
+{
+}
 
 TaskbarProgress::~TaskbarProgress() = default;
 

@@ -1,0 +1,59 @@
+#!/usr/bin/env bash
+# Usage: scripts/windows/package.sh
+#
+# Builds the program for 64-bit Windows and packs build/Kestrum-<version>-win64.zip: the program, its libraries and
+# plug-ins, the licences of what is shipped and a short readme. KESTRUM_WINDOWS_SYSROOT names the libraries.
+
+source "$(dirname "${BASH_SOURCE[0]}")/../common.sh"
+source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
+
+install_packages build windows
+require_sysroot
+build windows
+
+name=Kestrum-$(project_version)-win64
+stage=$ROOT/build/$name
+rm -rf "$stage" "$stage.zip"
+mkdir -p "$stage"/{platforms,styles,imageformats,licences}
+
+# The names of the libraries that the given programs ask for and that the prefix has, with theirs in turn.
+shipped_libraries() {
+    local pending=("$@") seen=" " file library
+    while [ ${#pending[@]} -gt 0 ]; do
+        file=${pending[0]}
+        pending=("${pending[@]:1}")
+        while read -r library; do
+            [ -e "$KESTRUM_WINDOWS_SYSROOT/bin/$library" ] || continue
+            [[ $seen != *" $library "* ]] || continue
+            seen+="$library "
+            printf '%s\n' "$library"
+            pending+=("$KESTRUM_WINDOWS_SYSROOT/bin/$library")
+        done < <(x86_64-w64-mingw32-objdump -p "$file" | sed -n 's/^\tDLL Name: //p')
+    done
+}
+
+# licence NAME PACKAGE: what Debian says about the sources that NAME was built from.
+licence() { cp "/usr/share/doc/$2/copyright" "$stage/licences/$1.txt"; }
+
+cp "$ROOT/build/windows/kestrum.exe" "$stage/"
+cp "$KESTRUM_WINDOWS_SYSROOT/plugins/platforms/qwindows.dll" "$stage/platforms/"
+cp "$KESTRUM_WINDOWS_SYSROOT/plugins/styles/qwindowsvistastyle.dll" "$stage/styles/"
+cp "$KESTRUM_WINDOWS_SYSROOT/plugins/imageformats/qico.dll" "$stage/imageformats/"
+for library in $(shipped_libraries "$stage"/*.exe "$stage"/*/*.dll); do
+    cp "$KESTRUM_WINDOWS_SYSROOT/bin/$library" "$stage/"
+done
+find "$stage" \( -name '*.exe' -o -name '*.dll' \) -exec x86_64-w64-mingw32-strip --strip-unneeded {} +
+
+cp "$ROOT/LICENSE" "$stage/licences/Kestrum.txt"
+licence Qt qtbase5-dev
+licence "Crypto++" libcrypto++-dev
+licence GCC-runtime gcc-mingw-w64-x86-64-posix-runtime
+licence MinGW-w64 mingw-w64-x86-64-dev
+for text in GPL-2 GPL-3 LGPL-2.1 LGPL-3; do
+    cp "/usr/share/common-licenses/$text" "$stage/licences/$text.txt"
+done
+sed "s/@VERSION@/$(project_version)/; s/\$/\r/" "$ROOT/resources/windows/readme.txt" >"$stage/readme.txt"
+
+(cd "$ROOT/build" && zip -q -r -X "$name.zip" "$name")
+rm -rf "$stage"
+printf '%s\n' "$stage.zip"
