@@ -17,6 +17,7 @@ project_version() { sed -n 's/^CMAKE_PROJECT_VERSION:[A-Z]*=//p' "$ROOT/build/wi
 use_wine() {
     export WINEPREFIX=$1 WINEDEBUG=${WINEDEBUG:--all} WINEDLLOVERRIDES=mscoree,mshtml=
     wine=$(PATH=$PATH:/usr/lib/wine command -v wine64) || die "Wine is not installed."
+    wineserver=$(PATH=$PATH:/usr/lib/wine command -v wineserver) || die "Wine has no server here."
     mkdir -p "$WINEPREFIX"
     say "Preparing Wine"
     "$wine" wineboot --init >/dev/null 2>&1 || die "Wine could not be prepared."

@@ -22,6 +22,6 @@ unset WINEPATH QT_PLUGIN_PATH
 zip=$(package_zip)
 say "Testing the program from $(basename "$zip")"
 cd "$ROOT/tests/e2e/windows"
-KESTRUM_ZIP=$zip KESTRUM_WINE=$wine KESTRUM_PROGRAM=kestrum.exe \
+KESTRUM_ZIP=$zip KESTRUM_WINE=$wine KESTRUM_WINESERVER=$wineserver KESTRUM_PROGRAM=kestrum.exe \
     KESTRUM_E2E_PICTURES=$ROOT/build/windows/pictures \
     python3 -B -m unittest --verbose test_zip

@@ -2,8 +2,9 @@
 
 #include "text/Unicode.h"
 
-#include <shellapi.h>
 #include <windows.h>
+
+#include <shellapi.h>
 
 #include <memory>
 

@@ -1,13 +1,14 @@
 #include "platform/qt/TaskbarProgress.h"
 
+#include "platform/qt/unix/SessionBusProbe.h"
 #include "vars/Product.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
-#include <QFileInfo>
 #include <QVariantMap>
 
 #include <algorithm>
+#include <atomic>
 #include <chrono>
 #include <future>
 #include <mutex>
@@ -18,19 +19,14 @@
 namespace quillon::platform {
 namespace {
 
-// How long the end of the program waits for a bus that has not answered yet.
+// How long a bus may take for its first answer, and how long the end of the program waits for one that has
+// not answered yet.
+constexpr std::chrono::milliseconds kPatience{2000};
 constexpr std::chrono::milliseconds kLongestGoodbye{500};
-
-/// Without an address the bus library would start a bus of its own, which no desktop listens to.
-bool hasSessionBus()
-{
-    return !qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS") ||
-           QFileInfo::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + QStringLiteral("/bus"));
-}
 
 /// The way to the session bus. Connecting can take as long as the bus likes, so a thread of its own does it,
 /// at the first message; until then only the latest message is kept, as it makes the former ones void. Shared
-/// with that thread, which a bus that never answers may keep beyond the owner's life.
+/// with that thread, which a slow bus may keep beyond the owner's life.
 class SessionBus : public std::enable_shared_from_this<SessionBus>
 {
 public:
@@ -50,10 +46,13 @@ public:
     {
         if (!m_connector.joinable())
             return;
-        if (m_done.wait_for(kLongestGoodbye) == std::future_status::ready)
-            m_connector.join();
-        else
+        m_isLeft = m_done.wait_for(kLongestGoodbye) != std::future_status::ready;
+        if (m_isLeft)
             m_connector.detach();
+        else
+            m_connector.join();
+        // What it waits on holds the task, and the task this object: let go, or neither would ever be freed.
+        m_done = {};
     }
 
 private:
@@ -66,6 +65,8 @@ private:
 
     void connect()
     {
+        if (!answersSessionBus(kPatience) || m_isLeft)
+            return;
         QDBusConnection bus = QDBusConnection::sessionBus();
         const std::lock_guard guard(m_lock);
         m_connected = bus.isConnected();
@@ -75,6 +76,7 @@ private:
     }
 
     std::mutex m_lock;
+    std::atomic<bool> m_isLeft{false};
     bool m_started = false;
     bool m_connected = false;
     std::optional<QDBusMessage> m_latest;
@@ -99,16 +101,12 @@ QDBusMessage updateSignal(bool visible, int percent)
 class TaskbarProgress::Private
 {
 public:
-    Private()
-        : m_bus(hasSessionBus() ? std::make_shared<SessionBus>() : nullptr)
-    {
-    }
+    Private() = default;
 
     ~Private()
     {
         setVisible(false);
-        if (m_bus)
-            m_bus->leave();
+        m_bus->leave();
     }
 
     Private(const Private&) = delete;
@@ -129,13 +127,9 @@ public:
     }
 
 private:
-    void send()
-    {
-        if (m_bus)
-            m_bus->send(updateSignal(m_visible, m_percent));
-    }
+    void send() { m_bus->send(updateSignal(m_visible, m_percent)); }
 
-    std::shared_ptr<SessionBus> m_bus;
+    std::shared_ptr<SessionBus> m_bus = std::make_shared<SessionBus>();
     bool m_visible = false;
     int m_percent = 0;
 };

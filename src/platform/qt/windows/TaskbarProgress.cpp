@@ -1,7 +1,8 @@
 #include "platform/qt/TaskbarProgress.h"
 
-#include <shobjidl.h>
 #include <windows.h>
+
+#include <shobjidl.h>
 
 #include <algorithm>
 #include <memory>

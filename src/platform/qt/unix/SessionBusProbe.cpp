@@ -1,0 +1,102 @@
+#include "platform/qt/unix/SessionBusProbe.h"
+
+#include <QByteArray>
+#include <QByteArrayList>
+#include <QtGlobal>
+
+#include <poll.h>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+#include <cstddef>
+#include <cstring>
+#include <string_view>
+
+namespace quillon::platform {
+namespace {
+
+/// The value of `key` in one entry of a bus address, as in "unix:path=/run/bus,guid=...", with its escapes
+/// undone (D-Bus specification, "Server Addresses").
+QByteArray valueIn(const QByteArray& entry, const QByteArray& key)
+{
+    for (const QByteArray& pair : entry.mid(entry.indexOf(':') + 1).split(',')) {
+        if (pair.startsWith(key + '='))
+            return QByteArray::fromPercentEncoding(pair.mid(key.size() + 1));
+    }
+    return {};
+}
+
+/// The name of the bus's socket, in the form of sun_path; empty where the bus has none.
+QByteArray socketName()
+{
+    for (const QByteArray& entry : qgetenv("DBUS_SESSION_BUS_ADDRESS").split(';')) {
+        if (!entry.startsWith("unix:"))
+            continue;
+        if (const QByteArray path = valueIn(entry, "path"); !path.isEmpty())
+            return path;
+        if (const QByteArray name = valueIn(entry, "abstract"); !name.isEmpty())
+            return '\0' + name;
+    }
+    return qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS") ? qgetenv("XDG_RUNTIME_DIR") + "/bus"
+                                                                   : QByteArray();
+}
+
+class Socket
+{
+public:
+    Socket() noexcept
+        : m_descriptor(socket(AF_UNIX, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0))
+    {
+    }
+    Socket(const Socket&) = delete;
+    Socket& operator=(const Socket&) = delete;
+    ~Socket()
+    {
+        if (m_descriptor >= 0)
+            close(m_descriptor);
+    }
+
+    [[nodiscard]] bool connectTo(const QByteArray& name) const
+    {
+        sockaddr_un address = {};
+        address.sun_family = AF_UNIX;
+        const auto size = static_cast<std::size_t>(name.size());
+        if (m_descriptor < 0 || size == 0 || size >= sizeof address.sun_path)
+            return false;
+        std::memcpy(address.sun_path, name.constData(), size);
+        // The length tells where an abstract name ends; a path ends with its zero byte, which may be left
+        // out.
+        const auto length = static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + size);
+        return connect(m_descriptor, reinterpret_cast<const sockaddr*>(&address), length) == 0;
+    }
+
+    [[nodiscard]] bool say(std::string_view words) const
+    {
+        return send(m_descriptor, words.data(), words.size(), MSG_NOSIGNAL) ==
+               static_cast<ssize_t>(words.size());
+    }
+
+    [[nodiscard]] bool hears(std::chrono::milliseconds patience) const
+    {
+        pollfd wait{m_descriptor, POLLIN, 0};
+        char answer = 0;
+        return poll(&wait, 1, static_cast<int>(patience.count())) == 1 &&
+               recv(m_descriptor, &answer, 1, 0) == 1;
+    }
+
+private:
+    int m_descriptor;
+};
+
+} // namespace
+
+bool answersSessionBus(std::chrono::milliseconds patience)
+{
+    using namespace std::string_view_literals;
+    const Socket socket;
+    // The zero byte begins every talk with a bus; the line asks which ways to log in there are.
+    return socket.connectTo(socketName()) && socket.say("\0AUTH\r\n"sv) && socket.hears(patience);
+}
+
+} // namespace quillon::platform
