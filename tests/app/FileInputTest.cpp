@@ -45,7 +45,7 @@ TEST_F(FileInput, ByTypingTakesEveryName)
 {
     MainWindowDriver driver;
     for (const char* name :
-         {"plain", "two words.bin", "it's \"quoted\".bin", "Grüße-Ä.txt", "文件名 ж.bin", " x"}) {
+         {"plain", "two words.bin", "it's 'quoted' & so.bin", "Grüße-Ä.txt", "文件名 ж.bin", " x"}) {
         driver.type(write(name, name));
         EXPECT_EQ(driver.input(), nameOf(name));
         EXPECT_TRUE(driver.details().startsWith("File size: ")) << name;
@@ -227,9 +227,12 @@ TEST_F(FileInput, DetailsOfAFolderNameNoSizeAndPermissionsStandLast)
     ASSERT_TRUE(
         QFile::setPermissions(file, QFile::ReadOwner | QFile::ExeOwner | QFile::ReadGroup | QFile::ExeOther));
     MainWindowDriver driver({file});
-    EXPECT_TRUE(driver.details().endsWith("\nFile permissions: -r-xr----x"))
-        << driver.details().toStdString();
-    driver.type(QString::fromStdString(folder.path().string()));
+    // Where the system has no permissions of groups and others it shows the owner's for all three.
+    if (!QFileInfo(file).permission(QFile::ReadOther)) {
+        EXPECT_TRUE(driver.details().endsWith("\nFile permissions: -r-xr----x"))
+            << driver.details().toStdString();
+    }
+    driver.type(folderName());
     EXPECT_FALSE(driver.details().contains("File size:"));
     EXPECT_TRUE(driver.details().contains("Last modified: "));
 }
@@ -309,7 +312,7 @@ TEST_F(FileInput, TheContainingFolderOpensWhereThereIsOne)
     driver.click("buttonGotoInputDir");
     driver.press(Qt::Key_F9, Qt::ControlModifier);
     driver.chooseFromMenu("menuFile", "actionFile_InputDir");
-    const QString url = "file://" + QString::fromStdString(folder.path().string());
+    const QString url = QUrl::fromLocalFile(folderName()).toString();
     EXPECT_EQ(desktop.opened, QStringList({url, url, url}));
 }
 

@@ -59,6 +59,9 @@ public:
     bool drop(const char* widget, const QList<QUrl>& urls);    ///< whether the widget took it
     void selectAlgorithm(const QString& row);                  ///< in the combo box
 
+    /// Starts a run with F5, where one has just ended as soon as the window takes it.
+    [[nodiscard]] bool start();
+
     /// Presses F5 and waits for the end of the run.
     [[nodiscard]] bool run();
     [[nodiscard]] bool waitForStart();

@@ -5,10 +5,12 @@
 #include "support/TempFolder.h"
 
 #include <QCryptographicHash>
+#include <QDir>
 #include <QString>
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <string>
 #include <string_view>
 
@@ -20,14 +22,18 @@ class MainWindowTest : public testing::Test
 protected:
     MainWindowTest() { CAppSettings().clear(); }
 
+    // All names come as Qt writes them, with "/" on every system.
     QString write(std::string_view name, std::string_view bytes) const
     {
-        return QString::fromStdString(utf8Name(folder.write(name, bytes)));
+        return asQtWrites(folder.write(name, bytes));
     }
 
-    QString nameOf(std::string_view name) const
+    QString nameOf(std::string_view name) const { return asQtWrites(folder.file(name)); }
+    QString folderName() const { return asQtWrites(folder.path()); }
+
+    static QString asQtWrites(const std::filesystem::path& path)
     {
-        return QString::fromStdString(utf8Name(folder.file(name)));
+        return QDir::fromNativeSeparators(QString::fromStdString(utf8Name(path)));
     }
 
     TempFolder folder;

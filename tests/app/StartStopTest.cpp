@@ -32,8 +32,7 @@ qint64 runMicroseconds(MainWindowDriver& driver)
     for (int run = 0; run < 5; ++run) {
         QElapsedTimer timer;
         timer.start();
-        driver.press(Qt::Key_F5);
-        if (!watchForEnd(driver, run))
+        if (!driver.start() || !watchForEnd(driver, run))
             return 0;
         shortest = std::min(shortest, timer.nsecsElapsed() / 1000);
     }
@@ -42,7 +41,8 @@ qint64 runMicroseconds(MainWindowDriver& driver)
 
 TEST_F(StartStop, AThousandStopsAtRandomMomentsEachLeaveTheRightDigestOrNone)
 {
-    const std::string bytes = blocksOfBytes(128);
+    // So much that reading it takes no less than what the window does about a run.
+    const std::string bytes = blocksOfBytes(768);
     const QString digest = sha256Hex(bytes);
     MainWindowDriver driver({write("blocks", bytes)});
     std::mt19937 random(kSeed);
@@ -50,7 +50,7 @@ TEST_F(StartStop, AThousandStopsAtRandomMomentsEachLeaveTheRightDigestOrNone)
     int stopped = 0;
     for (int cycle = 1; cycle <= kCycles; ++cycle) {
         const int ended = driver.runsEnded();
-        driver.press(Qt::Key_F5);
+        ASSERT_TRUE(driver.start());
         // The stop's random moment, from before the worker has begun to after it has ended; half of the stops
         // come while the window knows nothing of the start yet.
         if (cycle % 2 == 0)
@@ -64,8 +64,8 @@ TEST_F(StartStop, AThousandStopsAtRandomMomentsEachLeaveTheRightDigestOrNone)
         ASSERT_EQ(driver.disabled(), QStringList()) << "cycle " << cycle;
         stopped += isStopped ? 1 : 0;
     }
-    EXPECT_GT(stopped, kCycles / 20) << "hardly any stop came in time";
-    EXPECT_LT(stopped, kCycles - kCycles / 20) << "hardly any run was left to its end";
+    EXPECT_GT(stopped, kCycles / 50) << "hardly any stop came in time";
+    EXPECT_LT(stopped, kCycles - kCycles / 50) << "hardly any run was left to its end";
 }
 
 } // namespace
