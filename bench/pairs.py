@@ -2,12 +2,15 @@
 
 pairs.py tools FILE BENCH_DIGEST     digests of FILE by our core and by other tools
 pairs.py start KESTRUM MINIMAL QUIT  a start of the program and of a minimal one, QUIT in front of both
+pairs.py systems FILE NATIVE WINE WINDOWS  rates of the Windows hash core under WINE over those of the native one
 
 Commands run in turn, A B A B ..., as machines drift; what is printed is the median of the ratios of the pairs.
 """
 
 import os
+import re
 import statistics
+import subprocess
 import sys
 import tempfile
 import time
@@ -73,10 +76,28 @@ def compare_start(program, minimal, quit_library):
     print(f"| start of the program / of a minimal one | {wall:.2f} | {cpu:.2f} | {memory:.2f} |")
 
 
+def hash_seconds(command):
+    """The seconds that bench_digest says its run took, the start of the process left out."""
+    answer = subprocess.run(command, capture_output=True, text=True, check=True)
+    return float(re.search(r"seconds ([0-9.]+)", answer.stderr).group(1))
+
+
+def compare_systems(path, native, wine, windows):
+    print("| algorithm | rate under Wine / rate on Linux |")
+    print("| --- | --- |")
+    for algorithm in ("SHA-256", "Skein512-512"):
+        on_linux, under_wine = [native, algorithm, path], [wine, windows, algorithm, "Z:" + path]
+        hash_seconds(on_linux), hash_seconds(under_wine)
+        rates = [hash_seconds(on_linux) / hash_seconds(under_wine) for _ in range(PAIRS)]
+        print(f"| {algorithm} | {statistics.median(rates):.2f} |", flush=True)
+
+
 if __name__ == "__main__":
     if len(sys.argv) == 4 and sys.argv[1] == "tools":
         compare_tools(sys.argv[2], sys.argv[3])
     elif len(sys.argv) == 5 and sys.argv[1] == "start":
         compare_start(*sys.argv[2:])
+    elif len(sys.argv) == 6 and sys.argv[1] == "systems":
+        compare_systems(*sys.argv[2:])
     else:
         sys.exit(__doc__)

@@ -99,7 +99,7 @@ QString CMainWindow::requestInputFile()
         if (!chosen.isEmpty())
             m_ui->lineEditInput->setText(chosen);
     }
-    const QString fileName = inputFileName();
+    QString fileName = inputFileName();
     if (fileName.isEmpty()) {
         showErrorMessage(tr("File to calculate hash is not defined."));
         return {};

@@ -103,7 +103,7 @@ TEST_F(HashSession, AnAlgorithmThatCannotBeIsReported)
     }
 }
 
-TEST_F(HashSession, AStartRightAfterARunShowsNothingOfTheRunBefore)
+TEST_F(HashSession, AStartRightAfterARunTellsTheEndOfThatRunFirstAndShowsNoOtherDigest)
 {
     MainWindowDriver driver({file});
     auto& hexField = driver.child<QPlainTextEdit>("plainTextEditHashHex");
@@ -121,6 +121,7 @@ TEST_F(HashSession, AStartRightAfterARunShowsNothingOfTheRunBefore)
         while (isRefused() && !limit.hasExpired())
             QThread::yieldCurrentThread();
         ASSERT_FALSE(limit.hasExpired());
+        ASSERT_EQ(shown.count(kHexOfAbc), round) << "the former run's end is not told";
         QCoreApplication::processEvents();
     }
     EXPECT_TRUE(waitFor([&driver] { return driver.status() == successStatus(); }));

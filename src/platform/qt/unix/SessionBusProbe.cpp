@@ -33,7 +33,7 @@ QByteArray socketName()
     for (const QByteArray& entry : qgetenv("DBUS_SESSION_BUS_ADDRESS").split(';')) {
         if (!entry.startsWith("unix:"))
             continue;
-        if (const QByteArray path = valueIn(entry, "path"); !path.isEmpty())
+        if (QByteArray path = valueIn(entry, "path"); !path.isEmpty())
             return path;
         if (const QByteArray name = valueIn(entry, "abstract"); !name.isEmpty())
             return '\0' + name;
