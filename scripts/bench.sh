@@ -32,11 +32,30 @@ printf '```\n'
 printf '\n## Whole processes against other tools\n\n'
 python3 "$ROOT/bench/pairs.py" tools "$file" "$bench/bench_digest"
 
-printf '\n## Start\n\n'
-export QT_QPA_PLATFORM=offscreen
-python3 "$ROOT/bench/pairs.py" start "$ROOT/build/bench/kestrum" "$bench/bench_minimal_window" \
-    "$bench/libbench_quit_when_shown.so"
+measure_start() {
+    QT_QPA_PLATFORM=$1 python3 "$ROOT/bench/pairs.py" start "$ROOT/build/bench/kestrum" \
+        "$bench/bench_minimal_window" "$bench/libbench_quit_when_shown.so"
+}
 
+# A display of this script's own, with a window manager, which end with it.
+scratch=$(mktemp -d)
+Xvfb -displayfd 3 -screen 0 1280x800x24 -nolisten tcp -noreset 3>"$scratch/display" >/dev/null 2>&1 &
+display_pid=$!
+trap 'kill "$display_pid" 2>/dev/null || true; rm -rf "$scratch"' EXIT
+until [ -s "$scratch/display" ]; do
+    kill -0 "$display_pid" 2>/dev/null || die "The virtual display did not start."
+    sleep 0.1
+done
+DISPLAY=:$(cat "$scratch/display")
+export DISPLAY
+openbox >/dev/null 2>&1 &
+
+printf '\n## Start\n\nUnder X11:\n\n'
+measure_start xcb
+printf '\nOn the offscreen platform:\n\n'
+measure_start offscreen
+
+export QT_QPA_PLATFORM=offscreen
 printf '\n## A run with slow reads beside an idle window\n\n```\n'
 "$bench/bench_heartbeat" "$small" 2>/dev/null
 printf '```\n'
