@@ -17,7 +17,7 @@ namespace quillon::platform {
 namespace {
 
 /// The value of `key` in one entry of a bus address, as in "unix:path=/run/bus,guid=...", with its escapes
-/// undone (D-Bus specification, "Server Addresses").
+/// undone (freedesktop.org, "Server Addresses" of D-Bus).
 QByteArray valueIn(const QByteArray& entry, const QByteArray& key)
 {
     for (const QByteArray& pair : entry.mid(entry.indexOf(':') + 1).split(',')) {
