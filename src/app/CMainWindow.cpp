@@ -33,9 +33,6 @@ using thisapp::SHashAlgInfo;
 
 namespace {
 
-constexpr std::uint32_t kHashWorkerId = 1;
-constexpr int kDropTargetFrame = 1;
-constexpr int kDropTargetEdit = 100;
 constexpr int kCaptionFontDelta = 1;
 
 // A stop that comes before the worker has begun its run is lost, so the closing window repeats it.

@@ -104,6 +104,10 @@ private slots:
     void onUiHashCalculationProgressChanged();
 
 private:
+    static constexpr std::uint32_t kHashWorkerId = 1;
+    static constexpr std::int32_t kDropTargetFrame = 1;
+    static constexpr std::int32_t kDropTargetEdit = 100;
+
     // Start-up, in CMainWindow.cpp
     void fillAlgorithmCatalogue();
     void createFrames();

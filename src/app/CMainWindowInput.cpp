@@ -13,9 +13,7 @@
 
 void CMainWindow::onFilesDropped(std::int32_t id, const QList<QUrl>& urls)
 {
-    constexpr std::int32_t kFrameId = 1;
-    constexpr std::int32_t kEditId = 100;
-    if ((id != kFrameId && id != kEditId) || urls.isEmpty())
+    if ((id != kDropTargetFrame && id != kDropTargetEdit) || urls.isEmpty())
         return;
     m_ui->lineEditInput->setText(QFileInfo(urls.front().toLocalFile()).absoluteFilePath());
     updateInputFileDetails();

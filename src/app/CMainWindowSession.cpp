@@ -32,7 +32,6 @@ using thisapp::SHashData;
 
 namespace {
 
-constexpr std::uint32_t kHashWorkerId = 1;
 constexpr std::uint32_t kInputKindFile = 1;
 constexpr std::size_t kDigestBufferBytes = 2048;
 
@@ -222,8 +221,8 @@ void CMainWindow::onUiHashCalculationProgressChanged()
 
 void CMainWindow::onUiHashCalculationFinished()
 {
-    // All that is left to the worker is to return. Without the wait a start that follows at once could be
-    // refused.
+    // All that is left to the worker is to return: a start first hears out the run before, so this is never
+    // the end of a run while another goes on. Without the wait a start that follows at once could be refused.
     m_thread.wait();
     m_taskbarProgress->hide();
     m_taskbarProgress->setValue(0);

@@ -3,7 +3,8 @@
 #include <QString>
 
 /// The keys of the settings store, built before the entry function runs. Readers supply the default that
-/// stands here in their call and check the value themselves; a bad stored value reads as the default.
+/// stands here in their call and check the value themselves: a bad id counts as no stored algorithm, and any
+/// other value for the clipboard copies nothing.
 namespace thisapp::settings {
 
 /// int, default 1: what a successful run copies to the clipboard (see ClipboardCopy).

@@ -3,7 +3,6 @@
 #include "err/ErrorCodes.h"
 
 #include <chrono>
-#include <exception>
 
 namespace quillon::thread {
 namespace {
@@ -40,7 +39,7 @@ err::ResultCode Thread::start(std::int64_t param)
     m_result.set({});
     try {
         m_future = std::async(std::launch::async, &Thread::runBody, this, param);
-    } catch (const std::exception&) {
+    } catch (...) {
         m_running = 0;
         return err::programError(err::kThreadNotStarted);
     }

@@ -70,9 +70,9 @@ TEST(InputFile, OpensAFileUnderEveryFormOfItsName)
     EXPECT_EQ(contentOf(forward), kContent);
     EXPECT_EQ(contentOf(L"\\\\?\\" + backward), kContent);
     ASSERT_EQ(backward.at(1), L':');
-    EXPECT_EQ(contentOf(std::wstring(1, static_cast<wchar_t>(backward[0] ^ 0x20)) + backward.substr(1)),
-              kContent)
-        << "the drive's letter in the other case";
+    std::wstring otherCase = backward;
+    otherCase[0] = static_cast<wchar_t>(otherCase[0] ^ 0x20);
+    EXPECT_EQ(contentOf(otherCase), kContent) << "the drive's letter in the other case";
 }
 
 TEST(InputFile, ReportsTheSystemsErrorForWhatCannotBeOpened)
