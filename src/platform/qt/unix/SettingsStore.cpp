@@ -6,6 +6,7 @@
 #include <QStandardPaths>
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -30,6 +31,20 @@ void makeOwnerOnlyFile(const QString& path)
         close(descriptor);
 }
 
+/// QLockFile keeps a native lock on its file for as long as it holds it, so a lock file without one was left
+/// by a process that was killed. QLockFile itself would wait half a minute for an empty one, and a writer
+/// killed while it takes another's lock file away leaves a lock for the next one to stumble over.
+void removeAbandonedLock(const QString& path)
+{
+    const QByteArray name = QFile::encodeName(path);
+    const int descriptor = open(name.constData(), O_RDWR | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK);
+    if (descriptor < 0)
+        return;
+    if (flock(descriptor, LOCK_EX | LOCK_NB) == 0)
+        unlink(name.constData());
+    close(descriptor);
+}
+
 } // namespace
 
 SettingsStore settingsStore(const QString& organisation, const QString& product)
@@ -37,6 +52,9 @@ SettingsStore settingsStore(const QString& organisation, const QString& product)
     const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
     const QString path = folder + '/' + organisation + '/' + product + QStringLiteral(".conf");
     makeOwnerOnlyFile(path);
+    // The second is the lock under which QLockFile takes away a stale first one.
+    for (const char* suffix : {".lock", ".lock.rmlock"})
+        removeAbandonedLock(path + QLatin1String(suffix));
     return {path, QSettings::IniFormat};
 }
 
