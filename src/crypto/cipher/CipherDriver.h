@@ -1,0 +1,43 @@
+#pragma once
+
+#include "crypto/HashResult.h"
+#include "crypto/IHashCallback.h"
+#include "crypto/ISymmetricEngine.h"
+#include "io/IIStream.h"
+#include "io/IOStream.h"
+#include "sync/SafeValue.h"
+
+#include <cstdint>
+#include <vector>
+
+/// What every encryptor and decryptor does, whatever its engine.
+namespace quillon::crypto::internal {
+
+/// What a driver holds beside its engine, each item under a lock of its own.
+struct CipherState
+{
+    sync::SafeValue<bool> stopRequested{false};
+    sync::SafeValue<bool> running{false};
+    sync::SafeValue<float> progress{0.0F};
+};
+
+/// The arguments of one run; see ISymmetricEncryptor::encrypt.
+struct CipherJob
+{
+    io::internal::IIStream<char>* input;
+    io::internal::IOStream<char>* output;
+    const std::vector<char>& key;
+    const std::vector<char>& iv;
+    std::int32_t bufferBytes;
+    std::uint32_t intervalMs;
+    IHashCallback* callback;
+    void* userData;
+};
+
+/// ISymmetricEncryptor::encrypt on `engine` and `state`.
+HashResult encryptStream(ISymmetricEngine& engine, CipherState& state, const CipherJob& job, bool useSalt);
+
+/// ISymmetricDecryptor::decrypt on `engine` and `state`.
+HashResult decryptStream(ISymmetricEngine& engine, CipherState& state, const CipherJob& job);
+
+} // namespace quillon::crypto::internal
