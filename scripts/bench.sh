@@ -29,6 +29,10 @@ printf '\n## Driver against a bare loop of read(2), CPU time\n\n```\n'
 "$bench/bench_driver" "$small" 41
 printf '```\n'
 
+printf '\n## Texts of a language, against fgets and std::map\n\n```\n'
+"$bench/bench_i18n" "$ROOT/languages"
+printf '```\n'
+
 printf '\n## Whole processes against other tools\n\n'
 python3 "$ROOT/bench/pairs.py" tools "$file" "$bench/bench_digest"
 

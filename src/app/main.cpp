@@ -1,4 +1,6 @@
 #include "app/CMainWindow.h"
+#include "app/StartLanguage.h"
+#include "i18n_qt/MyTranslator.h"
 #include "platform/ProgramArguments.h"
 #include "ui/LightPalette.h"
 #include "vars/Product.h"
@@ -41,10 +43,13 @@ void prepareToolkit()
 int main(int argc, char* argv[])
 {
     setIdentity();
+    loadStartLanguage();
     // Taken now, as the application object removes the arguments that it knows.
     const QStringList arguments = commandLine(argc, argv);
     prepareToolkit();
+    MyTranslator translator;
     const QApplication application(argc, argv);
+    QCoreApplication::installTranslator(&translator);
     QGuiApplication::setDesktopFileName(QString::fromUtf8(vars::kDesktopFileName));
     useLightPaletteOnDarkDesktop();
     CMainWindow window;

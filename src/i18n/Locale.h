@@ -29,12 +29,15 @@ inline constexpr std::uint32_t kDefaultLocaleId = 1033;
 
 /// The locale with that id.
 [[nodiscard]] internal::Locale<char> getDefaultLocale();
+[[nodiscard]] internal::Locale<wchar_t> getDefaultWideLocale();
 
 /// Looks for the first locale of the catalogue with this language code and, unless `country` is empty, this
 /// country code, both compared without case. False, and `out` untouched, where there is none.
 bool findLocale(internal::Locale<char>& out, std::string_view language, std::string_view country);
+bool findLocale(internal::Locale<wchar_t>& out, std::wstring_view language, std::wstring_view country);
 
 /// The same by id.
 bool findLocale(internal::Locale<char>& out, std::uint32_t id);
+bool findLocale(internal::Locale<wchar_t>& out, std::uint32_t id);
 
 } // namespace quillon::i18n

@@ -90,6 +90,23 @@ std::optional<std::size_t> takeLine(std::FILE* file, char* buffer, int count, in
     return length;
 }
 
+/// Drops each zero byte and what follows it up to and including the end of its line, and returns how many
+/// bytes are left.
+std::size_t dropCutBytes(std::span<char> bytes)
+{
+    const auto findFrom = [bytes](std::size_t start, char c) {
+        return std::min(std::string_view(bytes.data(), bytes.size()).find(c, start), bytes.size());
+    };
+    std::size_t kept = findFrom(0, '\0');
+    for (std::size_t zero = kept; zero < bytes.size();) {
+        const std::size_t next = std::min(findFrom(zero, '\n') + 1, bytes.size());
+        zero = findFrom(next, '\0');
+        std::memmove(bytes.data() + kept, bytes.data() + next, zero - next);
+        kept += zero - next;
+    }
+    return kept;
+}
+
 } // namespace
 
 err::ResultCode IStreamUtf8File::open(const char* fileName)
@@ -139,6 +156,26 @@ bool IStreamUtf8File::read(char* buffer, int count, unsigned* bytesRead)
     if (!options.file)
         return m_error.fail(err::programError(err::kStreamNotOpen));
     return !options.isAtEnd() && readLine(options, buffer, count, bytesRead);
+}
+
+std::size_t IStreamUtf8File::readLines(std::span<char> buffer)
+{
+    m_error.reset();
+    std::size_t kept = 0;
+    while (kept == 0 && !buffer.empty() && !isEnd()) {
+        const SFileOptions options = m_options.get();
+        const auto limit = static_cast<std::uint64_t>(options.size - options.position);
+        const std::size_t wanted = static_cast<std::size_t>(std::min<std::uint64_t>(buffer.size(), limit));
+        const std::size_t count = std::fread(buffer.data(), 1, wanted, options.file.get());
+        if (count == 0) {
+            static_cast<void>(failLine(options.file.get()));
+            break;
+        }
+        kept = dropCutBytes(buffer.first(count));
+        const std::lock_guard guard(m_options);
+        m_options.value.position += static_cast<std::int64_t>(kept);
+    }
+    return kept;
 }
 
 bool IStreamUtf8File::readLine(const SFileOptions& options, char* buffer, int count, unsigned* bytesRead)

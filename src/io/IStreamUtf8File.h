@@ -6,9 +6,11 @@
 #include "platform/RuntimeFile.h"
 #include "sync/SafeData.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <cstdio>
 #include <memory>
+#include <span>
 
 namespace quillon::io {
 
@@ -29,6 +31,11 @@ public:
     /// {5, 3} where the file ended before the size that it had at its open, {5, 45} where reading fails. From
     /// a `count` of 2048 on the whole of the buffer is zeroed first, and two bytes of it stay free.
     bool read(char* buffer, int count, unsigned* bytesRead) override;
+
+    /// Reads on over the ends of lines, for those who read whole files: fills `buffer` as far as the file
+    /// reaches, less what zero bytes cut off from their lines. Returns how many bytes came; 0 for an empty
+    /// buffer, at the end, and after a failure, which is kept as the last error as of `read`.
+    std::size_t readLines(std::span<char> buffer);
 
     /// The size in bytes that the file had at its open, a byte order mark counted.
     [[nodiscard]] std::int64_t size() const override { return m_options.get().size; }

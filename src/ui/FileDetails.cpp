@@ -50,10 +50,11 @@ std::string roundedSize(std::int64_t size)
     return twoDecimals(number / kGigabyte) + "GB";
 }
 
-QString translated(const char* text)
+/// The texts belong to the window that shows them.
+struct Texts
 {
-    return QCoreApplication::translate("CMainWindow", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(CMainWindow)
+};
 
 QString line(const QString& label, const QString& value)
 {
@@ -79,16 +80,16 @@ QString getFileDetailsText(const QString& path)
 {
     const QFileInfo info(path);
     if (!info.exists())
-        return translated("File not found");
+        return Texts::tr("File not found");
     QString text;
     if (info.isFile())
-        text += line(translated("File size:"), QString::fromStdString(formatFileSize(info.size(), true)));
+        text += line(Texts::tr("File size:"), QString::fromStdString(formatFileSize(info.size(), true)));
     if (const QString owner = info.owner(); !owner.isEmpty())
-        text += line(translated("Owner:"), owner);
-    text += timeLine(translated("Created:"), info.birthTime());
-    text += timeLine(translated("Last modified:"), info.lastModified());
-    text += timeLine(translated("Last read:"), info.lastRead());
-    return text + translated("File permissions:") + QLatin1String(" -") +
+        text += line(Texts::tr("Owner:"), owner);
+    text += timeLine(Texts::tr("Created:"), info.birthTime());
+    text += timeLine(Texts::tr("Last modified:"), info.lastModified());
+    text += timeLine(Texts::tr("Last read:"), info.lastRead());
+    return text + Texts::tr("File permissions:") + QLatin1String(" -") +
            QString::fromStdString(permissionLetters(info.permissions()));
 }
 

@@ -19,7 +19,7 @@ GENERATED = re.compile(r"([Uu]i_\w+\.h|.+\.moc)$")
 SYSTEM_SWITCH = re.compile(
     r"\s*#\s*(if|ifdef|ifndef|elif)\b.*\b"
     r"(_?WIN(32|64)|__MINGW\w+|_MSC_VER|__CYGWIN__|__linux__|__unix__|__APPLE__|Q_OS_\w+)\b")
-QT_FREE = re.compile(r"(text|vars|err|sync|thread|platform|io|logger|crypto(_\w+)?)$")
+QT_FREE = re.compile(r"(text|vars|err|sync|thread|callback|platform|io|file|i18n|logger|crypto(_\w+)?|web|shellhelper)$")
 SOURCE_SUFFIXES = {".h", ".hpp", ".cpp", ".in"}
 PREFIX = "kestrum::"
 

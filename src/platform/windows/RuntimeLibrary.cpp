@@ -4,24 +4,69 @@
 
 #include <windows.h>
 
+#include <utility>
+
 namespace quillon::platform {
+namespace {
+
+err::ResultCode lastSystemError()
+{
+    return {err::kGroupSystem, GetLastError()};
+}
+
+HMODULE moduleOf(const RuntimeLibrary& library)
+{
+    return static_cast<HMODULE>(library.get());
+}
+
+} // namespace
 
 void RuntimeLibraryCloser::operator()(void* library) const noexcept
 {
     FreeLibrary(static_cast<HMODULE>(library));
 }
 
+std::string runtimeLibraryFileName(const std::string& name)
+{
+    return name + ".dll";
+}
+
+err::ResultCode loadRuntimeLibrary(const std::string& path, RuntimeLibrary& library)
+{
+    const std::wstring name = text::wideFromUtf8(path);
+    // Libraries that this one needs are looked for beside it, not beside whatever the process started in.
+    RuntimeLibrary loaded(LoadLibraryExW(name.c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH));
+    if (!loaded)
+        return lastSystemError();
+    library = std::move(loaded);
+    return {};
+}
+
 RuntimeLibrary loadRuntimeLibrary(const std::string& path)
 {
-    // Libraries that this one needs are looked for beside it, not beside whatever the process started in.
-    return RuntimeLibrary(
-        LoadLibraryExW(text::wideFromUtf8(path).c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH));
+    RuntimeLibrary library;
+    static_cast<void>(loadRuntimeLibrary(path, library));
+    return library;
+}
+
+err::ResultCode findLibrarySymbol(const RuntimeLibrary& library, const char* name, void*& address)
+{
+    address = reinterpret_cast<void*>(GetProcAddress(moduleOf(library), name));
+    return address == nullptr ? lastSystemError() : err::ResultCode{};
 }
 
 void* findLibrarySymbol(const RuntimeLibrary& library, const char* name)
 {
-    return library ? reinterpret_cast<void*>(GetProcAddress(static_cast<HMODULE>(library.get()), name))
-                   : nullptr;
+    return library ? reinterpret_cast<void*>(GetProcAddress(moduleOf(library), name)) : nullptr;
+}
+
+void keepRuntimeLibrary(const RuntimeLibrary& library)
+{
+    HMODULE same = nullptr;
+    // Any address within the library names it, and its handle is the first.
+    if (library)
+        GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_PIN | GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS,
+                           static_cast<LPCWSTR>(library.get()), &same);
 }
 
 } // namespace quillon::platform

@@ -1,0 +1,162 @@
+#include "file/TextFileReader.h"
+
+#include "err/ErrorCodes.h"
+#include "file/BomDetection.h"
+#include "file/OpenChecks.h"
+#include "text/Unicode.h"
+
+#include <string_view>
+
+namespace quillon::file::internal {
+namespace {
+
+constexpr int kUtf16BigEndian = static_cast<int>(io::EBomKind::Utf16BigEndian);
+constexpr int kUtf16LittleEndian = static_cast<int>(io::EBomKind::Utf16LittleEndian);
+
+/// The encoding that a file has by its mark; without one what the caller says.
+int encodingOf(io::EBomKind bom, int encoding) noexcept
+{
+    switch (bom) {
+    case io::EBomKind::None:
+        return encoding;
+    case io::EBomKind::Utf8:
+    case io::EBomKind::Utf16BigEndian:
+        return static_cast<int>(bom);
+    case io::EBomKind::Utf16LittleEndian:
+    case io::EBomKind::Utf32BigEndian:
+    case io::EBomKind::Utf32LittleEndian:
+        break;
+    }
+    return kUtf16LittleEndian;
+}
+
+wchar_t unitAt(std::string_view bytes, std::size_t offset, int encoding) noexcept
+{
+    const auto first = static_cast<unsigned char>(bytes[offset]);
+    const auto second = static_cast<unsigned char>(bytes[offset + 1]);
+    return static_cast<wchar_t>(encoding == kUtf16BigEndian ? first << 8 | second : second << 8 | first);
+}
+
+/// Appends a unit of UTF-16, as a character of its own or as the second half of the one before.
+void appendUnit(std::wstring& wide, wchar_t unit)
+{
+    if constexpr (sizeof(wchar_t) > sizeof(char16_t)) {
+        const bool isLow = unit >= 0xDC00 && unit <= 0xDFFF;
+        if (isLow && !wide.empty() && wide.back() >= 0xD800 && wide.back() <= 0xDBFF) {
+            wide.back() = static_cast<wchar_t>(0x10000 + ((wide.back() - 0xD800) << 10) + (unit - 0xDC00));
+            return;
+        }
+    }
+    wide += unit;
+}
+
+std::string utf8FromUtf16(std::string_view bytes, int encoding)
+{
+    constexpr wchar_t kReplacement = 0xFFFD;
+    std::wstring wide;
+    wide.reserve(bytes.size() / 2 + 1);
+    for (std::size_t offset = 0; offset + 1 < bytes.size(); offset += 2)
+        appendUnit(wide, unitAt(bytes, offset, encoding));
+    if (bytes.size() % 2 != 0)
+        wide += kReplacement;
+    return text::utf8FromWide(wide);
+}
+
+} // namespace
+
+err::ResultCode TextFileReader<char>::open(const std::string& path, int encoding)
+{
+    m_lastError = {};
+    if (const err::ResultCode refusal = checkOpen(*this, path); !err::succeeded(refusal))
+        return refusal;
+    // Without a known mark the caller's encoding counts.
+    static_cast<void>(detectBom(path, m_bom));
+    if (!m_bytes.open(path)) {
+        close();
+        return err::programError(err::kFileOpenFailed);
+    }
+    m_fileName = path;
+    m_encoding = encodingOf(m_bom, encoding);
+    const err::ResultCode result = rewind();
+    if (!err::succeeded(result))
+        close();
+    return result;
+}
+
+void TextFileReader<char>::close()
+{
+    *this = {};
+}
+
+std::string TextFileReader<char>::readAll()
+{
+    m_lastError = rewind();
+    if (!err::succeeded(m_lastError))
+        return {};
+    std::string bytes;
+    m_bytes.takeRest(bytes);
+    if (m_bytes.hasFailed())
+        m_lastError = err::programError(err::kFileReadFailed);
+    return decode(bytes);
+}
+
+bool TextFileReader<char>::readLine(std::string& line)
+{
+    m_lastError = isOpen() ? err::ResultCode{} : err::programError(err::kStreamNotOpen);
+    if (!isOpen() || m_bytes.isEnd())
+        return false;
+    // A long line is not kept twice.
+    line = std::string();
+    line = decode(isUtf16() ? takeUtf16Line() : takeUtf8Line());
+    if (m_bytes.hasFailed())
+        m_lastError = err::programError(err::kFileReadFailed);
+    return true;
+}
+
+err::ResultCode TextFileReader<char>::rewind()
+{
+    if (!isOpen())
+        return err::programError(err::kStreamNotOpen);
+    return m_bytes.seek(bomLength(m_bom)) ? err::ResultCode{} : err::programError(err::kFileSeekFailed);
+}
+
+bool TextFileReader<char>::isUtf16() const noexcept
+{
+    return m_encoding == kUtf16BigEndian || m_encoding == kUtf16LittleEndian;
+}
+
+std::string TextFileReader<char>::decode(const std::string& bytes) const
+{
+    if (isUtf16())
+        return utf8FromUtf16(bytes, m_encoding);
+    // There and back, so that only well-formed text comes out.
+    return text::utf8FromWide(text::wideFromUtf8(bytes));
+}
+
+std::string TextFileReader<char>::takeUtf8Line()
+{
+    std::string bytes;
+    m_bytes.takePiece(bytes);
+    if (bytes.ends_with('\n'))
+        bytes.pop_back();
+    return bytes;
+}
+
+std::string TextFileReader<char>::takeUtf16Line()
+{
+    std::string bytes;
+    while (!m_bytes.isEnd()) {
+        m_bytes.takePiece(bytes);
+        // The byte of a line feed may be either half of another unit.
+        if (bytes.size() % 2 != 0)
+            m_bytes.takePiece(bytes, 1);
+        if (bytes.size() >= 2 && bytes.size() % 2 == 0 &&
+            unitAt(bytes, bytes.size() - 2, m_encoding) == L'\n') {
+            bytes.resize(bytes.size() - 2);
+            break;
+        }
+    }
+    return bytes;
+}
+
+} // namespace quillon::file::internal

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace quillon::file {
+
+/// Removes white space at both ends. Bytes from 128 on are never white space.
+void trim(std::string& text);
+
+/// Removes at both ends what iswspace takes for white space.
+void trim(std::wstring& text);
+
+/// True where `word` is, without regard to case, one of those that switch something on (`positive`) or off.
+/// The words are those that list files in use have; a word of neither list is false both times.
+[[nodiscard]] bool isBoolWord(std::wstring_view word, bool positive) noexcept;
+
+} // namespace quillon::file

@@ -1,0 +1,68 @@
+#include "i18n/LocaleResLoaderTrFile.h"
+
+#include "err/ErrorCodes.h"
+#include "file/Words.h"
+#include "i18n/TrResReader.h"
+#include "io/IStreamUtf8File.h"
+#include "platform/FilePaths.h"
+
+namespace quillon::i18n::internal {
+
+err::ResultCode LocaleResLoaderTrFile<char>::load(const std::string& path,
+                                                  ILocaleResLoaderCallback<char>* callback)
+{
+    forget(callback);
+    const err::ResultCode result = loadOnce(path);
+    forget(nullptr);
+    return result;
+}
+
+void LocaleResLoaderTrFile<char>::onInclude(const std::string& path)
+{
+    // Translators get no messages: an include that leads nowhere is left out.
+    static_cast<void>(loadOnce(path));
+}
+
+void LocaleResLoaderTrFile<char>::onUseItem(const std::string& name, const std::string& extra)
+{
+    if (const auto item = m_definedItems.find(name); item != m_definedItems.end())
+        onItem(extra, item->second.first, item->second.second);
+}
+
+void LocaleResLoaderTrFile<char>::onDefineItem(const std::string& name, const std::string& first,
+                                               const std::string& second, const std::string& extra)
+{
+    m_definedItems.insert_or_assign(name, std::pair(first, second));
+    onItem(extra, first, second);
+}
+
+void LocaleResLoaderTrFile<char>::onItem(const std::string& context, const std::string& source,
+                                         const std::string& translation)
+{
+    if (m_callback != nullptr)
+        m_callback->onItem(context, source, translation);
+}
+
+err::ResultCode LocaleResLoaderTrFile<char>::loadOnce(std::string path)
+{
+    file::trim(path);
+    if (path.empty())
+        return err::programError(err::kPathEmpty);
+    if (!platform::isPlainFile(path))
+        return err::programError(err::kFileNotFound);
+    if (!m_loadedPaths.insert(path).second)
+        return {};
+    io::IStreamUtf8File stream;
+    if (err::succeeded(stream.open(path.c_str())))
+        TrResReader(stream, *this).read();
+    return {};
+}
+
+void LocaleResLoaderTrFile<char>::forget(ILocaleResLoaderCallback<char>* next)
+{
+    m_callback = next;
+    m_loadedPaths.clear();
+    m_definedItems.clear();
+}
+
+} // namespace quillon::i18n::internal

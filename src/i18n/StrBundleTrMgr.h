@@ -1,0 +1,79 @@
+#pragma once
+
+#include "i18n/ILocaleResLoader.h"
+#include "i18n/IStrBundle.h"
+#include "i18n/ITranslationListLoader.h"
+#include "i18n/ITranslationListProvider.h"
+#include "i18n/ItemNameCmp.h"
+#include "sync/SafeData.h"
+
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace quillon::i18n::internal {
+
+/// The folder beside the running program that holds its translations.
+[[nodiscard]] std::string languagesFolder();
+
+/// Keeps the texts of one language by source text and context, both without regard to the case of letters,
+/// and loads them from the files that the translation list names.
+template <>
+class StrBundleTrMgr<char> final : public IStrBundleMgr<char>,
+                                   public ITranslationListProvider<char>,
+                                   private ILocaleResLoaderCallback<char>
+{
+public:
+    using ListLoaders = ITranslationListLoaderFactory<char>;
+    using ResourceLoaders = ILocaleResLoaderFactory<char>;
+
+    /// Relative names of files count from `folder`, which also holds the list.
+    StrBundleTrMgr(std::shared_ptr<ListLoaders> listLoaders, std::shared_ptr<ResourceLoaders> resourceLoaders,
+                   std::string folder = languagesFolder());
+
+    /// A text for the very context wins over one for the context "*", that over one for the empty context;
+    /// without a context the empty one comes first.
+    [[nodiscard]] std::string getString(const char* context, const char* source) const override;
+
+    err::ResultCode setProductName(const std::string& name) override;
+    err::ResultCode loadTranslation(const std::string& language, const std::string& country,
+                                    bool force) override;
+    err::ResultCode clearItems() override;
+    err::ResultCode getTranslations(std::vector<Translation<char>>& out) override;
+
+    [[nodiscard]] std::string getProductName() const override { return m_productName.get(); }
+    [[nodiscard]] std::string getLanguage() const override { return m_language.get(); }
+    [[nodiscard]] std::string getCountry() const override { return m_country.get(); }
+    [[nodiscard]] std::size_t getItemCount() const override;
+
+    [[nodiscard]] int getTranslationCount() const override;
+    bool getTranslation(Translation<char>& out, int index) const override;
+
+private:
+    using Contexts = std::map<std::string, std::string, ItemNameCmp>;
+    using Items = std::map<std::string, Contexts, ItemNameCmp>;
+    using Translations = std::vector<Translation<char>>;
+
+    template <class T>
+    using Guarded = sync::SafeData<sync::Locker, T>;
+
+    void onItem(const std::string& context, const std::string& source,
+                const std::string& translation) override;
+
+    [[nodiscard]] bool isLoaded(const std::string& language, const std::string& country) const;
+    err::ResultCode loadFirst(const std::string& language, const std::string& country,
+                              ILocaleResLoader<char>& loader);
+    err::ResultCode readList(Translations& out);
+
+    const std::shared_ptr<ListLoaders> m_listLoaders;
+    const std::shared_ptr<ResourceLoaders> m_resourceLoaders;
+    const std::string m_folder;
+    mutable Guarded<Items> m_items;
+    mutable Guarded<Translations> m_translations;
+    Guarded<std::string> m_productName;
+    Guarded<std::string> m_language;
+    Guarded<std::string> m_country;
+};
+
+} // namespace quillon::i18n::internal

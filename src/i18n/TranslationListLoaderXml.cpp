@@ -1,0 +1,176 @@
+#include "i18n/TranslationListLoaderXml.h"
+
+#include "err/ErrorCodes.h"
+#include "file/Utf8FileReader.h"
+#include "file/Words.h"
+#include "text/AsciiText.h"
+#include "text/Unicode.h"
+
+#include <pugixml.hpp>
+
+#include <algorithm>
+#include <cstddef>
+#include <exception>
+#include <iterator>
+#include <stdexcept>
+#include <string_view>
+#include <utility>
+
+namespace quillon::i18n::internal {
+namespace {
+
+constexpr int kUtf8 = static_cast<int>(io::EBomKind::Utf8);
+
+// Texts up to this size may be as dense as they like.
+constexpr std::size_t kSmallTextBytes = 1U << 16;
+
+// What a larger text may cost, for each of its bytes: the parser's tree, beside which stand the wide text and
+// the parser's copy of it, and the records, of which the caller of the loader holds a second copy.
+constexpr std::size_t kMostTreeBytes = 18;
+constexpr std::size_t kMostRecordBytes = 24;
+
+// As the parser lays them out: a node has eight pointers, an attribute five.
+constexpr std::size_t kNodeBytes = 8 * sizeof(void*);
+constexpr std::size_t kAttributeBytes = 5 * sizeof(void*);
+
+/// Counts what the tree of an XML text may have at most: what looks like a tag opens a node, any text between
+/// two of them is another, and each "=" an attribute.
+class TreeEstimate
+{
+public:
+    void take(char c) noexcept
+    {
+        if (c == ' ' || c == '\t' || c == '\r' || c == '\n')
+            return;
+        m_nodes += c == '<' ? m_hasText : m_former == '<' && c != '/';
+        m_attributes += c == '=';
+        m_hasText = c != '<' && (m_hasText || !m_isInTag);
+        m_isInTag = c == '<' || (m_isInTag && c != '>');
+        m_former = c;
+    }
+
+    [[nodiscard]] std::size_t bytes() const noexcept
+    {
+        return m_nodes * kNodeBytes + m_attributes * kAttributeBytes;
+    }
+
+private:
+    std::size_t m_nodes = 0;
+    std::size_t m_attributes = 0;
+    bool m_hasText = false;
+    bool m_isInTag = false;
+    char m_former = '>';
+};
+
+bool isTooDense(std::string_view xml)
+{
+    if (xml.size() <= kSmallTextBytes)
+        return false;
+    TreeEstimate estimate;
+    for (const char c : xml)
+        estimate.take(c);
+    return estimate.bytes() > xml.size() * kMostTreeBytes;
+}
+
+err::ResultCode readText(std::string& text, const std::string& path)
+{
+    file::Utf8FileReader reader;
+    const err::ResultCode result = reader.open(path, kUtf8);
+    if (err::succeeded(result))
+        text = reader.readAll();
+    return result;
+}
+
+err::ResultCode loadDocument(pugi::xml_document& document, std::string text)
+{
+    const std::wstring wide = text::wideFromUtf8(text);
+    // What is no UTF-8 has been replaced.
+    if (text::utf8FromWide(wide) != text)
+        return err::programError(err::kXmlProcessingFailed);
+    if (isTooDense(text))
+        return err::programError(err::kXmlMalformed);
+    // The tree may become large, and this copy is not needed beside it.
+    std::string().swap(text);
+    const bool isLoaded = document.load_buffer(wide.data(), wide.size() * sizeof(wchar_t),
+                                               pugi::parse_default, pugi::encoding_wchar);
+    return isLoaded ? err::ResultCode{} : err::programError(err::kXmlMalformed);
+}
+
+std::string textOf(const pugi::xml_node& element, const char* attribute)
+{
+    std::string text = element.attribute(attribute).value();
+    file::trim(text);
+    return text;
+}
+
+std::wstring wideTextOf(const pugi::xml_node& element, const char* attribute)
+{
+    std::wstring text = text::wideFromUtf8(element.attribute(attribute).value());
+    // Wide white space goes too, where a system knows it.
+    file::trim(text);
+    return text;
+}
+
+TranslationType typeOf(const pugi::xml_node& element)
+{
+    constexpr std::pair<std::string_view, TranslationType> kNames[] = {
+        {"properties", kTranslationProperties},
+        {"translations", kTranslationTranslations},
+        {"dll", kTranslationDll},
+    };
+    const std::string name = text::utf8FromWide(wideTextOf(element, "filetype"));
+    const auto* const found = std::ranges::find_if(
+        kNames, [&name](const auto& each) { return text::equalsIgnoringAsciiCase(name, each.first); });
+    return found == std::end(kNames) ? kTranslationNone : found->second;
+}
+
+Translation<char> translationOf(const pugi::xml_node& element)
+{
+    return {typeOf(element),
+            textOf(element, "displayname"),
+            textOf(element, "language"),
+            textOf(element, "country"),
+            textOf(element, "file"),
+            textOf(element, "description")};
+}
+
+void appendAll(std::vector<Translation<char>>& list, const pugi::xml_document& document,
+               std::size_t textBytes)
+{
+    const auto elements = document.child("locales").children("locale");
+    const auto count = static_cast<std::size_t>(std::distance(elements.begin(), elements.end()));
+    if (textBytes > kSmallTextBytes && 2 * count * sizeof(Translation<char>) > textBytes * kMostRecordBytes)
+        throw std::length_error("a translation list of all but empty elements");
+    // Growing step by step would need twice the memory.
+    list.reserve(count);
+    for (const pugi::xml_node& element : elements)
+        if (!file::isBoolWord(wideTextOf(element, "disabled"), true))
+            list.push_back(translationOf(element));
+}
+
+} // namespace
+
+err::ResultCode TranslationListLoaderXml<char>::load(const std::string& /*name*/, const std::string& path)
+{
+    m_list = {};
+    std::string text;
+    if (const err::ResultCode result = readText(text, path); !err::succeeded(result))
+        return result;
+    return text.empty() ? err::ResultCode{} : parse(std::move(text));
+}
+
+err::ResultCode TranslationListLoaderXml<char>::parse(std::string text)
+{
+    const std::size_t textBytes = text.size();
+    pugi::xml_document document;
+    try {
+        const err::ResultCode result = loadDocument(document, std::move(text));
+        if (err::succeeded(result))
+            appendAll(m_list, document, textBytes);
+        return result;
+    } catch (const std::exception&) {
+        return err::programError(err::kXmlProcessingFailed);
+    }
+}
+
+} // namespace quillon::i18n::internal

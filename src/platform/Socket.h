@@ -1,0 +1,27 @@
+#pragma once
+
+#include <cstdint>
+
+namespace quillon::platform {
+
+/// The number of a socket, as wide as the system has it.
+#ifdef _WIN32
+using NativeSocket = std::uintptr_t;
+#else
+using NativeSocket = int;
+#endif
+
+inline constexpr NativeSocket kNoSocket = static_cast<NativeSocket>(-1);
+
+/// A new socket that child processes do not inherit, or kNoSocket. The arguments are those of the system's
+/// `socket`.
+[[nodiscard]] NativeSocket openSocket(int family, int type, int protocol) noexcept;
+
+/// Ends the connection in both directions. On Unix this wakes whoever waits for its bytes; on Windows a wait
+/// for an event of the socket goes on, and only the next call on the socket finds the end. The number stays
+/// taken until closeSocket.
+void shutDownSocket(NativeSocket socket) noexcept;
+
+void closeSocket(NativeSocket socket) noexcept;
+
+} // namespace quillon::platform

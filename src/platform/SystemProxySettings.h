@@ -1,0 +1,10 @@
+#pragma once
+
+namespace quillon::platform {
+
+/// Opens the page of the system's own settings on which its proxy is set, in a program of its own, and does
+/// not wait for it. False where there is no such page or it did not start. Meant for the user interface
+/// thread.
+bool showSystemProxySettings();
+
+} // namespace quillon::platform

@@ -1,0 +1,83 @@
+// The translation files as they ship, through the program's own readers and its own start.
+
+#include "app/StartLanguage.h"
+#include "i18n/StrBundleTrMgr.h"
+#include "settings/CAppSettings.h"
+#include "settings/SettingsKeys.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QSet>
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <tuple>
+#include <vector>
+
+namespace {
+
+namespace i18n = quillon::i18n;
+using Translations = std::vector<i18n::internal::Translation<char>>;
+
+/// How many source texts a file has, compared as the program compares them.
+std::size_t sourcesIn(const std::string& name)
+{
+    QFile file(QCoreApplication::applicationDirPath() + "/languages/" + QString::fromStdString(name));
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << name;
+    QSet<QByteArray> sources;
+    for (QByteArray line = file.readLine(); !line.isEmpty(); line = file.readLine())
+        if (line.startsWith("@src "))
+            sources.insert(line.trimmed().toLower());
+    return static_cast<std::size_t>(sources.size());
+}
+
+TEST(ShippedLanguages, AreReadToTheLastText)
+{
+    auto& bundle = i18n::getStrBundleMgr();
+    EXPECT_TRUE(succeeded(bundle.setProductName("Kestrum")));
+    Translations list;
+    ASSERT_TRUE(succeeded(bundle.getTranslations(list)));
+    EXPECT_EQ(list.size(), 8U);
+    for (const auto& language : list) {
+        i18n::internal::Locale<char> locale;
+        EXPECT_TRUE(i18n::findLocale(locale, language.language, language.country)) << language.displayName;
+        ASSERT_TRUE(succeeded(bundle.loadTranslation(language.language, language.country, true)));
+        const bool english = language.language == "en";
+        EXPECT_EQ(bundle.getItemCount(), english ? 0U : sourcesIn(language.file)) << language.displayName;
+        EXPECT_EQ(bundle.getString("CMainWindow", "Exit") == "Exit", english) << language.displayName;
+    }
+}
+
+struct StoredLanguage
+{
+    QVariant stored;
+    const char* language;
+    const char* fileMenu;
+};
+
+class StartLanguage : public testing::TestWithParam<StoredLanguage>
+{
+};
+
+TEST_P(StartLanguage, IsTheStoredOneOrEnglishAndStaysStored)
+{
+    CAppSettings().clear();
+    if (GetParam().stored.isValid())
+        CAppSettings().setValue(thisapp::settings::LocaleId, GetParam().stored);
+    loadStartLanguage();
+    const auto& bundle = i18n::getStrBundleMgr();
+    EXPECT_EQ(bundle.getProductName(), "Kestrum");
+    EXPECT_EQ(bundle.getLanguage() + '-' + bundle.getCountry(), GetParam().language);
+    EXPECT_EQ(bundle.getString("CMainWindow", "File"), GetParam().fileMenu);
+    EXPECT_EQ(CAppSettings().value(thisapp::settings::LocaleId).toString(), GetParam().stored.toString());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Stored, StartLanguage,
+    testing::Values(StoredLanguage{QVariant(), "en-US", "File"}, StoredLanguage{1031, "de-DE", "Datei"},
+                    StoredLanguage{1032, "el-GR", "Αρχείο"}, StoredLanguage{1043, "nl-NL", "File"},
+                    StoredLanguage{0, "en-US", "File"}, StoredLanguage{9999, "en-US", "File"},
+                    StoredLanguage{"Deutsch", "en-US", "File"}));
+
+} // namespace
