@@ -15,13 +15,17 @@ namespace quillon::logger {
 ///
 ///     log(ELogLevel::Debug, "hash", [&](auto& record) { record << "Opening the input file " << name; });
 template <class Write>
-void log(ELogLevel level, const char* category, Write write)
+void log(ELogLevel level, const char* category, Write write) noexcept
 {
-    LogSender<char>* const sender = getLogSender();
-    if (sender == nullptr || !sender->isEnabled(level))
-        return;
-    LogRec<char> record(sender, level, std::string(category));
-    write(record);
+    try {
+        LogSender<char>* const sender = getLogSender();
+        if (sender == nullptr || !sender->isEnabled(level))
+            return;
+        LogRec<char> record(sender, level, std::string(category));
+        write(record);
+    } catch (...) {
+        // The line is lost, for want of memory say. That must not stop what it tells of.
+    }
 }
 
 } // namespace quillon::logger

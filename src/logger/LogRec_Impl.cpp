@@ -4,7 +4,6 @@
 #include "platform/ProcessIds.h"
 
 #include <iomanip>
-#include <locale>
 
 namespace quillon::logger::internal {
 namespace {
@@ -19,7 +18,6 @@ std::ostream& writePair(std::ostream& stream, const err::ResultCode& value)
 LogRec_Impl<char>::LogRec_Impl(ILogSenderBase<char>* sender, ELogLevel level, const std::string& category)
     : m_sender(sender)
 {
-    m_stream.imbue(std::locale::classic());
     m_line.processId = platform::currentProcessId();
     m_line.threadId = platform::currentThreadId();
     m_line.level = level;
@@ -43,9 +41,9 @@ LogRec_Impl<char>::~LogRec_Impl()
 ILogRecBase& LogRec_Impl<char>::operator<<(const err::ResultCodes& values)
 {
     if (isWanted()) {
-        writePair(m_stream, values.first) << ',';
-        writePair(m_stream, values.second) << ',';
-        writePair(m_stream, values.third);
+        writePair(*m_stream, values.first) << ',';
+        writePair(*m_stream, values.second) << ',';
+        writePair(*m_stream, values.third);
     }
     return *this;
 }
@@ -53,8 +51,8 @@ ILogRecBase& LogRec_Impl<char>::operator<<(const err::ResultCodes& values)
 ILogRecBase& LogRec_Impl<char>::operator<<(const std::pair<err::ResultCode, err::ResultCode>& values)
 {
     if (isWanted()) {
-        writePair(m_stream, values.first) << ',';
-        writePair(m_stream, values.second);
+        writePair(*m_stream, values.first) << ',';
+        writePair(*m_stream, values.second);
     }
     return *this;
 }
@@ -62,38 +60,38 @@ ILogRecBase& LogRec_Impl<char>::operator<<(const std::pair<err::ResultCode, err:
 ILogRecBase& LogRec_Impl<char>::operator<<(const err::ResultCode& value)
 {
     if (isWanted())
-        writePair(m_stream, value);
+        writePair(*m_stream, value);
     return *this;
 }
 
 void LogRec_Impl<char>::endLine()
 {
     if (isWanted())
-        m_stream << std::endl;
+        *m_stream << std::endl;
 }
 
 void LogRec_Impl<char>::setDecimal()
 {
     if (isWanted())
-        m_stream << std::dec;
+        *m_stream << std::dec;
 }
 
 void LogRec_Impl<char>::setHexadecimal()
 {
     if (isWanted())
-        m_stream << std::hex;
+        *m_stream << std::hex;
 }
 
 void LogRec_Impl<char>::setFixed()
 {
     if (isWanted())
-        m_stream << std::fixed;
+        *m_stream << std::fixed;
 }
 
 void LogRec_Impl<char>::setScientific()
 {
     if (isWanted())
-        m_stream << std::scientific;
+        *m_stream << std::scientific;
 }
 
 bool LogRec_Impl<char>::isWanted() const
@@ -105,13 +103,13 @@ void LogRec_Impl<char>::flush()
 {
     if (m_sender == nullptr)
         return;
-    m_stream.flush();
+    m_stream->flush();
     if (isWanted()) {
         m_line.time = platform::localTimeTicks();
-        m_line.message = m_stream.str();
+        m_line.message = m_stream->str();
         m_sender->send(m_line);
     }
-    m_stream.clear();
+    m_stream->clear();
     m_line.message.clear();
 }
 

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "logger/BorrowedStream.h"
 #include "logger/ILogRecBase.h"
 #include "logger/ILogSenderBase.h"
 #include "logger/LogLine.h"
 
-#include <sstream>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -52,14 +52,14 @@ public:
 
 protected:
     /// Writes without asking whether the level is on.
-    void writeText(std::string_view text) { m_stream << text; }
+    void writeText(std::string_view text) { *m_stream << text; }
 
 private:
     template <class Value>
     ILogRecBase& write(Value value)
     {
         if (isWanted())
-            m_stream << value;
+            *m_stream << value;
         return *this;
     }
 
@@ -68,7 +68,7 @@ private:
 
     ILogSenderBase<char>* m_sender;
     LogLine<char> m_line;
-    std::stringstream m_stream{std::ios::in | std::ios::out};
+    BorrowedStream m_stream;
 };
 
 } // namespace quillon::logger::internal

@@ -1,0 +1,64 @@
+#pragma once
+
+#include "err/ResultCode.h"
+#include "logger/LogAppender.h"
+#include "logger/LogFile.h"
+#include "logger/LogLine.h"
+#include "logger/ManualResetEvent.h"
+#include "sync/Locker.h"
+#include "sync/SafeData.h"
+#include "sync/SafeValue.h"
+#include "thread/IRunnable.h"
+#include "thread/Thread.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace quillon::logger {
+
+/// Queues lines in memory and writes them from a thread of its own to a text file in UTF-8, which it holds
+/// near 20,000,000 bytes by emptying it. Nobody who logs waits for the disk: while about 10,000 lines wait,
+/// further ones are lost, and so is a batch that cannot be written. Nothing of this is reported. Lines of one
+/// thread keep their order.
+class LogAppenderUtf8File final : public internal::LogAppender<char>, public thread::IRunnable
+{
+public:
+    /// `path` is the full name of the file in UTF-8. It, and its folder, is made with the first line.
+    LogAppenderUtf8File(std::uint64_t identifier, std::string path);
+
+    /// Drops what still waits, and waits for no more than the batch that is being written.
+    ~LogAppenderUtf8File() override;
+
+    /// Starts the writing; success where it runs already. Fails as IThread::start does. Belongs to the
+    /// owner's thread.
+    err::ResultCode start();
+
+    /// A message ends at its first zero byte.
+    void append(std::uint64_t time, std::uint32_t processId, std::uint32_t threadId, ELogLevel level,
+                const char* category, const char* message, std::uint32_t extra) override;
+
+    [[nodiscard]] bool isAsynchronous() const override { return true; }
+
+    /// The writer's work, for its thread.
+    err::ResultCode run(std::uint32_t id, std::int64_t param) override;
+
+private:
+    using Lines = std::vector<internal::LogLine<char>>;
+
+    [[nodiscard]] bool isQueueFull();
+    [[nodiscard]] bool takeWaitingLines(Lines& batch);
+    void enqueue(internal::LogLine<char> line);
+    void writeWaitingLines(Lines& batch);
+    void writeBatch(const Lines& batch) noexcept;
+    void closeFile();
+
+    sync::SafeValue<bool> m_stop{false};
+    internal::ManualResetEvent m_linesWait;
+    thread::Thread m_thread;
+    sync::SafeData<sync::Locker, Lines> m_queue;
+    sync::Locker m_fileLock; ///< held for a whole batch
+    internal::LogFile m_file;
+};
+
+} // namespace quillon::logger
