@@ -1,0 +1,40 @@
+#pragma once
+
+#include "err/ResultCode.h"
+
+#include <sys/types.h>
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// What is written here is small and read by other programs at any time, so every write is atomic.
+namespace quillon::shellhelper {
+
+/// The user's folders of the XDG Base Directory Specification, without a slash at the end. Empty where the
+/// user has no home.
+[[nodiscard]] std::string dataHome();
+[[nodiscard]] std::string configHome();
+
+/// The system's folders of configuration, the most important first.
+[[nodiscard]] std::vector<std::string> systemConfigFolders();
+
+/// Whether a program of this name is in the search path.
+[[nodiscard]] bool isInstalled(std::string_view program);
+
+[[nodiscard]] bool isFolder(const std::string& path);
+
+/// The result for an error number.
+err::ResultCode systemError(int number);
+
+/// Reads a whole regular file; everything else gives {1, EINVAL}.
+err::ResultCode readFile(const std::string& path, std::string& content);
+
+/// Writes the file beside its place and moves it there, with its missing folders. A file that has these bytes
+/// and this mode already is left alone.
+err::ResultCode writeFile(const std::string& path, std::string_view content, mode_t mode);
+
+/// Removes a file; none at all is success.
+err::ResultCode removeFile(const std::string& path);
+
+} // namespace quillon::shellhelper

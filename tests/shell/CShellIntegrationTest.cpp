@@ -1,0 +1,181 @@
+#include "shell/CShellIntegration.h"
+
+#include "err/ErrorCodes.h"
+#include "platform/ProgramPath.h"
+#include "platform/ShellCommand.h"
+#include "platform/qt/SendToLink.h"
+#include "support/PrintResultCode.h"
+#include "text/Unicode.h"
+#include "vars/Product.h"
+
+#include <QCoreApplication>
+#include <QTranslator>
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+
+namespace quillon::tests {
+namespace {
+
+constexpr err::ResultCode kSuccess;
+constexpr err::ResultCode kNotLoaded = err::programError(err::kLibraryNotLoaded);
+constexpr err::ResultCode kRecorded{1, 77};
+
+std::wstring helpers(const char* kind)
+{
+    return text::wideFromUtf8(std::string(KESTRUM_HELPERS "/") + kind);
+}
+
+const std::wstring kId = text::wideFromUtf8(vars::kProductGuid);
+
+/// Gives the menu text the language of its choice.
+class Language : public QTranslator
+{
+public:
+    explicit Language(const char* text)
+        : m_text(text)
+    {
+        QCoreApplication::installTranslator(this);
+    }
+
+    [[nodiscard]] bool isEmpty() const override { return false; }
+    [[nodiscard]] QString translate(const char* context, const char* source, const char* /*disambiguation*/,
+                                    int /*n*/) const override
+    {
+        return QString(context) == "QObject" && QString(source) == "Send To %1" ? m_text : QString();
+    }
+
+private:
+    QString m_text;
+};
+
+class CShellIntegrationTest : public testing::Test
+{
+protected:
+    CShellIntegrationTest()
+    {
+        std::filesystem::remove_all(m_link);
+        m_shell.init(); // finds no library beside the test program
+    }
+
+    ~CShellIntegrationTest() override { std::filesystem::remove_all(m_link); }
+
+    void loadRecorder()
+    {
+        ASSERT_EQ(m_shell.load(helpers("recording").c_str()), kSuccess);
+        ASSERT_EQ(loadShellLibrary(libraryFile(), m_recorder), kSuccess);
+        static_cast<void>(calls());
+    }
+
+    /// What the library was asked since the last question.
+    [[nodiscard]] std::wstring calls() const
+    {
+        void* address = nullptr;
+        std::wstring text;
+        EXPECT_EQ(platform::findLibrarySymbol(m_recorder.module, "takeCalls", address), kSuccess);
+        reinterpret_cast<void (*)(std::wstring&)>(address)(text);
+        return text;
+    }
+
+    [[nodiscard]] static std::wstring removals(const std::wstring& text)
+    {
+        std::wstring lines;
+        for (const wchar_t* type : {L"Directory", L"*"})
+            for (const std::wstring& name : {text, std::wstring(L"Send To Kestrum")})
+                lines.append(L"remove|").append(type).append(L"|").append(name).append(L"|" + kId + L"\n");
+        return lines;
+    }
+
+    [[nodiscard]] static std::wstring creation(const std::wstring& text)
+    {
+        return L"create|*|" + text + L'|' + platform::shellFileCommand(platform::programPath()) + L'|' + kId +
+               L'\n';
+    }
+
+    void makeLink() const
+    {
+        std::filesystem::create_directories(m_link.parent_path());
+        ASSERT_TRUE(std::ofstream(m_link));
+    }
+
+    [[nodiscard]] static std::string libraryFile()
+    {
+        return text::utf8FromWide(helpers("recording")) + '/' +
+               platform::runtimeLibraryFileName("QxShellHelper");
+    }
+
+    // No QFileInfo: to that a link's file on Windows is what the link points to.
+    const QString m_linkName = platform::sendToLinkPath(vars::kProductName, vars::kProductGuid);
+    const std::filesystem::path m_link = m_linkName.toStdU16String();
+    CShellIntegration m_shell;
+    ShellLibrary m_recorder;
+};
+
+TEST_F(CShellIntegrationTest, IsSilentWithoutTheLibrary)
+{
+    EXPECT_EQ(m_shell.load(nullptr), err::programError(err::kInvalidArgument));
+    for (const char* kind : {"missing", "lacking"}) {
+        const err::ResultCode loaded = m_shell.load(helpers(kind).c_str());
+        EXPECT_EQ(loaded.group, 1U) << kind;
+        EXPECT_NE(loaded.code, 0U) << kind;
+    }
+    EXPECT_EQ(m_shell.removeContextMenu(), kSuccess);
+    EXPECT_EQ(m_shell.createContextMenu(), kNotLoaded);
+    m_shell.renewContextMenu();
+}
+
+TEST_F(CShellIntegrationTest, RemovesFourNamesInOrderAndCreatesOne)
+{
+    loadRecorder();
+    EXPECT_EQ(m_shell.removeContextMenu(), kSuccess);
+    EXPECT_EQ(calls(), removals(L"Send To Kestrum"));
+    EXPECT_EQ(m_shell.createContextMenu(), kRecorded);
+    EXPECT_EQ(calls(), creation(L"Send To Kestrum"));
+}
+
+TEST_F(CShellIntegrationTest, RenewalTakesAwayTheTextThatWasCreated)
+{
+    loadRecorder();
+    m_shell.renewContextMenu(); // nothing was created, so there is nothing to take away
+    EXPECT_EQ(calls(), creation(L"Send To Kestrum"));
+    const Language german("An %1 senden");
+    EXPECT_EQ(m_shell.removeContextMenu(), kSuccess); // the text stays until it is renewed
+    EXPECT_EQ(calls(), removals(L"Send To Kestrum"));
+    m_shell.renewContextMenu();
+    EXPECT_EQ(calls(), removals(L"Send To Kestrum") + creation(L"An Kestrum senden"));
+    const Language russian("\u0412 %1");
+    m_shell.renewContextMenu();
+    EXPECT_EQ(calls(), removals(L"An Kestrum senden") + creation(L"\u0412 Kestrum"));
+}
+
+TEST_F(CShellIntegrationTest, RemovesTheLinkWithoutTheLibraryButMakesNone)
+{
+    makeLink();
+    EXPECT_EQ(m_shell.createSendToLink(), kSuccess); // it is there
+    EXPECT_EQ(m_shell.removeSendToLink(), kSuccess);
+    EXPECT_FALSE(std::filesystem::exists(m_link));
+    EXPECT_EQ(m_shell.createSendToLink(), kNotLoaded);
+    EXPECT_EQ(m_shell.removeSendToLink(), kSuccess);
+}
+
+TEST_F(CShellIntegrationTest, MakesTheLinkWhereNoFileIsAndSparesAFolder)
+{
+    loadRecorder();
+    const std::wstring link = L"link|" + text::wideFromUtf8(platform::programPath()) + L"|Kestrum|" +
+                              m_linkName.toStdWString() + L'\n';
+    EXPECT_EQ(m_shell.createSendToLink(), kRecorded);
+    EXPECT_EQ(calls(), link);
+    makeLink();
+    EXPECT_EQ(m_shell.createSendToLink(), kSuccess);
+    EXPECT_EQ(calls(), L"");
+    ASSERT_TRUE(std::filesystem::remove(m_link) && std::filesystem::create_directory(m_link));
+    EXPECT_EQ(m_shell.removeSendToLink(), kSuccess);
+    EXPECT_TRUE(std::filesystem::is_directory(m_link));
+    EXPECT_EQ(m_shell.createSendToLink(), kRecorded);
+    EXPECT_EQ(calls(), link);
+}
+
+} // namespace
+} // namespace quillon::tests

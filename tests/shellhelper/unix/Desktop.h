@@ -1,0 +1,94 @@
+#pragma once
+
+#include "shellhelper/HelperLibrary.h"
+#include "support/PrintResultCode.h"
+#include "support/TempFolder.h"
+#include "text/Unicode.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <map>
+#include <string>
+
+namespace quillon::tests {
+
+/// A user with a home of the test's own and the file managers that the test puts into the search path.
+class Desktop : public testing::Test
+{
+protected:
+    Desktop()
+    {
+        set("HOME", "");
+        set("XDG_DATA_HOME", "data");
+        set("XDG_CONFIG_HOME", "config");
+        set("XDG_CONFIG_DIRS", "etc");
+        set("PATH", "bin");
+        std::filesystem::create_directories(path("bin"));
+    }
+
+    void install(std::initializer_list<const char*> programs) const
+    {
+        for (const char* program : programs)
+            std::filesystem::permissions(write("bin/" + std::string(program), ""),
+                                         std::filesystem::perms::owner_all);
+    }
+
+    [[nodiscard]] std::filesystem::path path(const std::string& name) const { return m_home.file(name); }
+
+    std::filesystem::path write(const std::string& name, const std::string& bytes) const
+    {
+        std::filesystem::create_directories(path(name).parent_path());
+        return m_home.write(name, bytes);
+    }
+
+    [[nodiscard]] static std::string bytes(const std::filesystem::path& file)
+    {
+        std::ifstream stream(file, std::ios::binary);
+        return {std::istreambuf_iterator<char>(stream), {}};
+    }
+
+    /// All files of the user, by their paths.
+    [[nodiscard]] std::map<std::string, std::string> files() const
+    {
+        std::map<std::string, std::string> found;
+        for (const auto& entry : std::filesystem::recursive_directory_iterator(m_home.path())) {
+            if (!entry.is_directory())
+                found[entry.path().lexically_relative(m_home.path()).string()] = bytes(entry.path());
+        }
+        return found;
+    }
+
+    static err::ResultCode create(const std::string& program = "/opt/k/kestrum",
+                                  const wchar_t* text = L"Check")
+    {
+        const std::string command = '"' + program + "\" \"%L\"";
+        return asResult(
+            helper().createShellContextMenuForUserT(L"*", text, text::wideFromUtf8(command).c_str(), kId));
+    }
+
+    static err::ResultCode remove()
+    {
+        return asResult(helper().removeShellContextMenuForUserT(L"*", L"any text", kId));
+    }
+
+    static err::ResultCode exists()
+    {
+        return asResult(helper().existsShellContextMenuForUserT(L"*", L"any text", kId));
+    }
+
+    const std::string m_id = text::utf8FromWide(kId);
+    const std::string m_actions = "config/Thunar/uca.xml";
+    const std::string m_serviceMenu = "data/kio/servicemenus/" + m_id + ".desktop";
+    const std::string m_nemoAction = "data/nemo/actions/" + m_id + ".nemo_action";
+
+private:
+    void set(const char* variable, const std::string& name) const { setenv(variable, path(name).c_str(), 1); }
+
+    TempFolder m_home;
+};
+
+} // namespace quillon::tests
