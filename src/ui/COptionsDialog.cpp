@@ -1,0 +1,252 @@
+#include "ui/COptionsDialog.h"
+
+#include "ui_COptionsDialog.h"
+
+#include "logger/LogLevel.h"
+#include "ui/AlgorithmList.h"
+#include "ui/LinkLabel.h"
+#include "ui/ProductLabels.h"
+
+#include <QDesktopServices>
+#include <QDir>
+#include <QFileInfo>
+#include <QListWidget>
+#include <QUrl>
+
+namespace i18n = quillon::i18n;
+namespace logger = quillon::logger;
+
+namespace {
+
+constexpr int kKeyColumnWidth = 150;
+constexpr int kDescriptionColumnWidth = 400;
+constexpr int kCopyNothing = 1;
+constexpr int kCopyHex = 2;
+constexpr int kCopyBase64 = 4;
+
+/// The row with this item data; the current row stays where there is none.
+void selectRowByData(QComboBox& combo, const QVariant& data)
+{
+    if (const int row = combo.findData(data); row >= 0)
+        combo.setCurrentIndex(row);
+}
+
+} // namespace
+
+COptionsDialog::COptionsDialog(QWidget* parent)
+    : QDialog(parent)
+    , m_ui(std::make_unique<Ui_COptionsDialog>())
+{
+    m_ui->setupUi(this);
+    setWindowFlags(windowFlags() & ~Qt::WindowContextHelpButtonHint);
+    m_ui->labelAppIcon->setPixmap(windowIcon().pixmap(m_ui->labelAppIcon->maximumSize()));
+    m_textPalette = m_ui->lineEditNetworkLogs->palette();
+    createLists();
+    connectControls();
+    connectJobs();
+}
+
+COptionsDialog::~COptionsDialog()
+{
+    closeJobs();
+}
+
+void COptionsDialog::createLists()
+{
+    // A list widget's rows are easier to fill than a bare model's; the combo box shows and then owns it.
+    m_defaultAlgs = new QListWidget(this);
+    m_ui->comboBoxDefaultAlg->setModel(m_defaultAlgs->model());
+    m_ui->comboBoxDefaultAlg->setView(m_defaultAlgs);
+    for (const logger::LogLevelName& level : logger::logLevelNames)
+        m_ui->comboBoxLogLevel->addItem(QString::fromLatin1(level.longName), static_cast<int>(level.id));
+    m_ui->tableWidgetShortcutKeys->setColumnWidth(0, kKeyColumnWidth);
+    m_ui->tableWidgetShortcutKeys->setColumnWidth(1, kDescriptionColumnWidth);
+}
+
+void COptionsDialog::connectControls()
+{
+    const auto indexChanged = qOverload<int>(&QComboBox::currentIndexChanged);
+    connect(m_ui->labelEmailUrl, &QLabel::linkActivated, this, &COptionsDialog::onUiSupportEmailClicked);
+    connect(m_ui->buttonApply, &QPushButton::clicked, this, &COptionsDialog::onUiApply);
+    connect(m_ui->buttonOk, &QPushButton::clicked, this, &COptionsDialog::onUiOk);
+    connect(m_ui->buttonCancel, &QPushButton::clicked, this, &COptionsDialog::onUiCancel);
+    connect(m_ui->comboBoxLanguage, indexChanged, this, &COptionsDialog::onUiLanguageChanged);
+    connect(m_ui->comboBoxProxyConfigType, indexChanged, this, &COptionsDialog::onUiProxySelectTypeChanged);
+    connect(m_ui->labelViewLogFile, &QLabel::linkActivated, this, &COptionsDialog::onUiViewLogFileClicked);
+    connect(m_ui->buttonCheckConnection, &QPushButton::clicked, this,
+            &COptionsDialog::onUiCheckNetworkConnection);
+    connect(m_ui->buttonSystemProxySettings, &QPushButton::clicked, this,
+            &COptionsDialog::onUiShowSystemProxySettings);
+}
+
+void COptionsDialog::showEvent(QShowEvent* event)
+{
+    QDialog::showEvent(event);
+    if (!m_firstShow.exchange(false))
+        return;
+    fillAbout();
+    fillDefaultAlgorithm();
+    fillCheckBoxes();
+    fillAutocopy();
+    fillLogging();
+    if (m_ui->tableWidgetShortcutKeys->rowCount() > 1)
+        m_ui->tableWidgetShortcutKeys->selectRow(1);
+    enableAdvanced();
+    fillLanguages();
+    fillProxy();
+    updateProxyControls();
+    m_ui->labelViewLogFile->setText(makeLinkLabelText(tr("View log file"), QStringLiteral("#")));
+}
+
+void COptionsDialog::fillAbout()
+{
+    const QString name = QCoreApplication::applicationName();
+    fillProductLabels(*m_ui);
+    m_ui->labelHomePage->setText(tr("%1 home page:").arg(name));
+    m_ui->labelDonate->setText(tr("Donate to the %1:").arg(name));
+}
+
+void COptionsDialog::fillDefaultAlgorithm()
+{
+    fillAlgorithmList(m_algProvider, m_defaultAlgs, true);
+    if (const int row = findAlgorithmRow(*m_defaultAlgs, m_defaultAlg); row >= 0)
+        m_ui->comboBoxDefaultAlg->setCurrentIndex(row);
+}
+
+void COptionsDialog::fillCheckBoxes()
+{
+    m_ui->checkBoxIntergaretToContextMenu->setChecked(m_shellContextMenu);
+    m_ui->checkBoxAddSendTo->setChecked(m_sendToLink);
+    m_ui->checkBoxSetDefaultAlg->setChecked(m_useDefaultAlg);
+}
+
+void COptionsDialog::fillAutocopy()
+{
+    if (m_whatCopy <= kCopyNothing)
+        m_ui->radioButtonAutocopyNothing->setChecked(true);
+    else if (m_whatCopy == kCopyHex)
+        m_ui->radioButtonAutocopyHex->setChecked(true);
+    else if (m_whatCopy == kCopyBase64)
+        m_ui->radioButtonAutocopyBase64->setChecked(true);
+}
+
+void COptionsDialog::fillLogging()
+{
+    selectRowByData(*m_ui->comboBoxLogLevel, m_logLevel);
+    m_ui->checkBoxUseLogFile->setChecked(m_useLogFile);
+    m_ui->lineEditLogFile->setText(m_logFilePath);
+}
+
+void COptionsDialog::enableAdvanced()
+{
+    for (QWidget* control : std::initializer_list<QWidget*>{m_ui->comboBoxLogLevel, m_ui->checkBoxUseLogFile,
+                                                            m_ui->lineEditLogFile, m_ui->labelViewLogFile})
+        control->setEnabled(true);
+}
+
+void COptionsDialog::fillLanguages()
+{
+    QComboBox& combo = *m_ui->comboBoxLanguage;
+    combo.clear();
+    if (m_translationList == nullptr)
+        return;
+    for (int index = 0; index < m_translationList->getTranslationCount(); ++index) {
+        i18n::internal::Translation<char> entry;
+        i18n::internal::Locale<char> locale;
+        if (m_translationList->getTranslation(entry, index) &&
+            i18n::findLocale(locale, entry.language, entry.country))
+            combo.addItem(QString::fromStdString(entry.displayName), locale.id);
+    }
+    selectRowByData(combo, m_localeId);
+}
+
+void COptionsDialog::collectFromUi()
+{
+    m_shellContextMenu = m_ui->checkBoxIntergaretToContextMenu->isChecked();
+    m_sendToLink = m_ui->checkBoxAddSendTo->isChecked();
+    m_localeId = shownLocaleId();
+    m_defaultAlg = parseAlgorithmItemData(m_ui->comboBoxDefaultAlg->currentData(Qt::UserRole));
+    m_useDefaultAlg = m_ui->checkBoxSetDefaultAlg->isChecked();
+    m_whatCopy = chosenWhatCopy();
+    m_logLevel = static_cast<std::int32_t>(
+        logger::logLevelFromNumber(m_ui->comboBoxLogLevel->currentData(Qt::UserRole).toInt()));
+    m_useLogFile = m_ui->checkBoxUseLogFile->isChecked();
+    m_proxySelectType = shownProxySelectType();
+    m_netProxy = typedProxy();
+}
+
+/// The default language where the combo box shows none of the catalogue.
+std::uint32_t COptionsDialog::shownLocaleId() const
+{
+    i18n::internal::Locale<char> locale = i18n::getDefaultLocale();
+    i18n::findLocale(locale, m_ui->comboBoxLanguage->currentData(Qt::UserRole).toUInt());
+    return locale.id;
+}
+
+std::int32_t COptionsDialog::chosenWhatCopy() const
+{
+    if (m_ui->radioButtonAutocopyHex->isChecked())
+        return kCopyHex;
+    return m_ui->radioButtonAutocopyBase64->isChecked() ? kCopyBase64 : kCopyNothing;
+}
+
+thisapp::SAppOptions COptionsDialog::getAppOptions() const
+{
+    return {m_shellContextMenu, m_sendToLink, m_localeId, m_defaultAlg, m_useDefaultAlg, m_whatCopy,
+            m_logLevel,         m_useLogFile, m_fontName, m_fontSize,   m_netProxy,      m_proxySelectType};
+}
+
+void COptionsDialog::onUiApply()
+{
+    if (m_optionsChanged == nullptr)
+        return;
+    collectFromUi();
+    m_optionsChanged->onAppOptionsChanged(getAppOptions());
+    // The language may be another one now. Labels that were filled at the first show fall back to the form's
+    // own texts until the dialog is opened anew.
+    m_ui->retranslateUi(this);
+}
+
+void COptionsDialog::onUiOk()
+{
+    collectFromUi();
+    accept();
+}
+
+void COptionsDialog::onUiCancel()
+{
+    i18n::internal::Locale<char> locale;
+    if (m_localeCallback != nullptr && shownLocaleId() != m_localeId && i18n::findLocale(locale, m_localeId))
+        m_localeCallback->onLocaleChanged(locale.languageCode, locale.countryCode,
+                                          static_cast<long>(locale.id));
+    close();
+}
+
+// A language is not previewed: it changes when the options are applied.
+void COptionsDialog::onUiLanguageChanged(int /*index*/) {}
+
+void COptionsDialog::onUiSupportEmailClicked(const QString& /*strUrl*/)
+{
+    QDesktopServices::openUrl(QUrl(supportMailAddress()));
+}
+
+void COptionsDialog::onUiViewLogFileClicked(const QString& /*strUrl*/)
+{
+    if (m_logFilePath.isEmpty())
+        return;
+    const QDir folder = QFileInfo(m_logFilePath).absoluteDir();
+    if (folder.exists())
+        QDesktopServices::openUrl(QUrl::fromLocalFile(folder.absolutePath()));
+}
+
+void COptionsDialog::closeEvent(QCloseEvent* event)
+{
+    QDialog::closeEvent(event);
+    closeJobs();
+}
+
+void COptionsDialog::done(int result)
+{
+    QDialog::done(result);
+    closeJobs();
+}

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "ui/LinkLabel.h"
+#include "vars/Product.h"
+
+#include <QCoreApplication>
+#include <QLabel>
+
+/// Writes what needs no translation into the product labels of `form`, which is the form of a dialog that
+/// shows them: version, copyright and the three links.
+template <class Form>
+void fillProductLabels(Form& form)
+{
+    namespace vars = quillon::vars;
+    const auto setLink = [](QLabel& label, const char* address) {
+        label.setText(makeLinkLabelText(QString::fromUtf8(address), QString::fromUtf8(address)));
+    };
+    form.labelVersion->setText(QCoreApplication::applicationName() + QStringLiteral(" v") +
+                               QCoreApplication::applicationVersion());
+    form.labelCopyright->setText(QString::fromUtf8(vars::kCopyright));
+    setLink(*form.labelHomePageUrl, vars::kHomePageUrl);
+    setLink(*form.labelEmailUrl, vars::kSupportEmail);
+    setLink(*form.labelDonateUrl, vars::kDonationUrl);
+}
