@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # Usage: scripts/windows/package.sh
 #
-# Builds the program for 64-bit Windows and packs build/Kestrum-<version>-win64.zip: the program, its libraries and
-# plug-ins, the licences of what is shipped and a short readme. KESTRUM_WINDOWS_SYSROOT names the libraries.
+# Builds the program for 64-bit Windows and packs build/Kestrum-<version>-win64.zip: the program, its translations,
+# its libraries and plug-ins, the licences of what is shipped and a short readme. KESTRUM_WINDOWS_SYSROOT names the libraries.
 
 source "$(dirname "${BASH_SOURCE[0]}")/../common.sh"
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
@@ -35,11 +35,14 @@ shipped_libraries() {
 # licence NAME PACKAGE: what Debian says about the sources that NAME was built from.
 licence() { cp "/usr/share/doc/$2/copyright" "$stage/licences/$1.txt"; }
 
-cp "$ROOT/build/windows/kestrum.exe" "$stage/"
+cp "$ROOT/build/windows/kestrum.exe" "$ROOT/build/windows/QxShellHelper.dll" "$stage/"
+cp -r "$ROOT/build/windows/languages" "$stage/"
+# Loaded by name at the first need, so no program asks for it.
+cp "$KESTRUM_WINDOWS_SYSROOT/bin/libcurl.dll" "$stage/"
 cp "$KESTRUM_WINDOWS_SYSROOT/plugins/platforms/qwindows.dll" "$stage/platforms/"
 cp "$KESTRUM_WINDOWS_SYSROOT/plugins/styles/qwindowsvistastyle.dll" "$stage/styles/"
 cp "$KESTRUM_WINDOWS_SYSROOT/plugins/imageformats/qico.dll" "$stage/imageformats/"
-for library in $(shipped_libraries "$stage"/*.exe "$stage"/*/*.dll); do
+for library in $(shipped_libraries "$stage"/*.exe "$stage"/*.dll "$stage"/*/*.dll); do
     cp "$KESTRUM_WINDOWS_SYSROOT/bin/$library" "$stage/"
 done
 find "$stage" \( -name '*.exe' -o -name '*.dll' \) -exec x86_64-w64-mingw32-strip --strip-unneeded {} +
@@ -47,6 +50,8 @@ find "$stage" \( -name '*.exe' -o -name '*.dll' \) -exec x86_64-w64-mingw32-stri
 cp "$ROOT/LICENSE" "$stage/licences/Kestrum.txt"
 licence Qt qtbase5-dev
 licence "Crypto++" libcrypto++-dev
+licence pugixml libpugixml-dev
+licence curl libcurl4
 licence GCC-runtime gcc-mingw-w64-x86-64-posix-runtime
 licence MinGW-w64 mingw-w64-x86-64-dev
 for text in GPL-2 GPL-3 LGPL-2.1 LGPL-3; do

@@ -47,6 +47,7 @@ CMainWindow::CMainWindow(QWidget* parent)
     initialiseResources();
     QApplication::setFont(QApplication::font());
     applyCoreAppIdentity();
+    startLogging();
     fillAlgorithmCatalogue();
     createFrames();
     m_thread.setId(kHashWorkerId);
@@ -55,10 +56,12 @@ CMainWindow::CMainWindow(QWidget* parent)
     setDropTargets();
     statusBar()->addWidget(m_progressFrame, 1);
     m_ui->toolBar->insertWidget(m_ui->actionHash_Stop, m_hashAlgFrame);
+    m_shellIntegration.init();
     setFonts();
     connectActions();
     connectInputs();
     connectWorker();
+    loadNetProxy();
 }
 
 CMainWindow::~CMainWindow()
@@ -175,7 +178,9 @@ void CMainWindow::showEvent(QShowEvent* /*event*/)
     setWindowTitle(getProductTitle());
     m_hashAlgFrame->setCurrentAlgorithm(crypto::kDefaultHashAlg);
     m_taskbarProgress = std::make_unique<quillon::platform::TaskbarProgress>(winId());
-    selectDefaultAlgorithm();
+    m_hashAlgFrame->setCurrentAlgorithm(storedDefaultAlgorithm());
+    integrateShellContextMenu();
+    integrateSendToMenu();
     processCommandLine(m_commandLine);
     clearCommandLine();
 }
@@ -212,11 +217,12 @@ bool CMainWindow::getDefaultHashAlgorithm(std::uint32_t& library, std::uint32_t&
     return stored.has_value();
 }
 
-void CMainWindow::selectDefaultAlgorithm()
+/// The built-in default where none is stored, or one that this program does not have.
+SHashAlgId CMainWindow::storedDefaultAlgorithm() const
 {
     SHashAlgId stored;
-    if (getDefaultHashAlgorithm(stored.lib, stored.alg) && isAlgorithmKnown(stored))
-        m_hashAlgFrame->setCurrentAlgorithm(stored);
+    const bool isUsable = getDefaultHashAlgorithm(stored.lib, stored.alg) && isAlgorithmKnown(stored);
+    return isUsable ? stored : crypto::kDefaultHashAlg;
 }
 
 /// The first row of the catalogue with this algorithm, whatever its library.
@@ -300,10 +306,7 @@ void CMainWindow::onUiSelectHashAlgorithm()
 {
     CSelectAlgorithmDialog dialog(this);
     dialog.setHashAlgProvider(this);
-    dialog.setCurrentAlgorithm(crypto::kDefaultHashAlg);
-    SHashAlgId stored;
-    if (getDefaultHashAlgorithm(stored.lib, stored.alg) && isAlgorithmKnown(stored))
-        dialog.setCurrentAlgorithm(stored);
+    dialog.setCurrentAlgorithm(storedDefaultAlgorithm());
     if (dialog.exec() != QDialog::Accepted)
         return;
     const SHashAlgId chosen = dialog.getCurrentAlgorithm();
@@ -334,13 +337,6 @@ void CMainWindow::onUiSupportEmail()
     QDesktopServices::openUrl(QUrl(QStringLiteral("mailto:") + QString::fromUtf8(vars::kSupportEmail) +
                                    QStringLiteral("?subject=") + getProductTitle()));
 }
-
-// The dialogs of these three commands do not exist yet.
-void CMainWindow::onUiAbout() {}
-
-void CMainWindow::onUiShowKeyboardShortcuts() {}
-
-void CMainWindow::onUiShowOptions() {}
 
 void CMainWindow::onUiShowHideToolbar()
 {

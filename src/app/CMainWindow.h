@@ -5,11 +5,13 @@
 #include "crypto/IHashCallback.h"
 #include "crypto/SHashAlgInfo.h"
 #include "crypto/SHashData.h"
+#include "shell/CShellIntegration.h"
 #include "sync/Locker.h"
 #include "sync/SafeData.h"
 #include "sync/SafeValue.h"
 #include "thread/IRunnable.h"
 #include "thread/Thread.h"
+#include "ui/IAppOptionsChanged.h"
 #include "ui/IFilesDragDropEvent.h"
 #include "ui/IHashAlgProvider.h"
 #include "ui/SRemainingTimeEstimator.h"
@@ -23,6 +25,7 @@
 #include <vector>
 
 class CMsgDispatcher;
+class COptionsDialog;
 class CProgressBarFrame;
 class CSelectAlgFrame;
 class Ui_CMainWindow;
@@ -40,7 +43,8 @@ class CMainWindow final : public QMainWindow,
                           public IFilesDragDropEvent,
                           public quillon::thread::IRunnable,
                           public quillon::crypto::IHashCallback,
-                          public thisapp::IHashAlgProvider
+                          public thisapp::IHashAlgProvider,
+                          public thisapp::IAppOptionsChanged
 {
     Q_OBJECT
 
@@ -60,6 +64,9 @@ public:
     void getProductVersion(std::uint32_t& major, std::uint32_t& minor, std::uint32_t& patch,
                            std::uint32_t& build) const override;
 
+    bool decodeSettingValue(const char* key, const QVariant& stored, QVariant* plain) const override;
+    bool encodeSettingValue(const char* key, const QVariant& plain, QVariant* stored) const override;
+
     // IFilesDragDropEvent
     void onFilesDropped(std::int32_t id, const QList<QUrl>& urls) override;
 
@@ -76,6 +83,9 @@ public:
     bool getAlgorithm(std::int32_t index, thisapp::SHashAlgId& id) const override;
     [[nodiscard]] std::string getAlgorithmName(const thisapp::SHashAlgId& id) const override;
     [[nodiscard]] bool isAlgorithmKnown(const thisapp::SHashAlgId& id) const override;
+
+    // IAppOptionsChanged
+    void onAppOptionsChanged(const thisapp::SAppOptions& options) override;
 
 protected:
     void showEvent(QShowEvent* event) override;
@@ -117,11 +127,21 @@ private:
     void connectActions();
     void connectInputs();
     void connectWorker();
-    void selectDefaultAlgorithm();
     bool getDefaultHashAlgorithm(std::uint32_t& library, std::uint32_t& algorithm) const;
+    [[nodiscard]] thisapp::SHashAlgId storedDefaultAlgorithm() const;
     void selectAlgorithm(std::uint32_t algorithmId);
     void processCommandLine(const QStringList& arguments);
     void clearCommandLine();
+
+    // Options and what they govern, in CMainWindowOptions.cpp
+    void startLogging();
+    void setFileLoggerEnabled(bool enabled);
+    void fillOptionsDialog(COptionsDialog& dialog);
+    [[nodiscard]] bool storeOptions(const thisapp::SAppOptions& options);
+    void applyLanguage(std::uint32_t localeId);
+    void retranslate();
+    void integrateShellContextMenu();
+    void integrateSendToMenu();
 
     // Input file, in CMainWindowInput.cpp
     [[nodiscard]] QString inputFileName() const;
@@ -162,4 +182,5 @@ private:
     SRemainingTimeEstimator m_remainingTime;
     QStringList m_commandLine;
     std::unique_ptr<quillon::platform::TaskbarProgress> m_taskbarProgress;
+    CShellIntegration m_shellIntegration;
 };

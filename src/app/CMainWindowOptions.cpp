@@ -1,0 +1,191 @@
+#include "ui_CMainWindow.h"
+
+#include "app/CMainWindow.h"
+#include "app/FileLogger.h"
+#include "app/StartLanguage.h"
+#include "crypto/cipher/SettingCipher.h"
+#include "logger/Log.h"
+#include "settings/CAppSettings.h"
+#include "settings/DefaultHashAlgorithm.h"
+#include "settings/SettingsKeys.h"
+#include "text/AsciiText.h"
+#include "ui/CAboutDialog.h"
+#include "ui/COptionsDialog.h"
+#include "ui/CSelectAlgFrame.h"
+#include "ui/CkeyboardShortcutInfoDialog.h"
+
+#include <optional>
+#include <string>
+
+namespace crypto = quillon::crypto;
+namespace i18n = quillon::i18n;
+namespace logger = quillon::logger;
+namespace settings = thisapp::settings;
+using thisapp::SAppOptions;
+
+namespace {
+
+using SettingFilter = std::optional<std::string> (*)(std::string_view);
+
+/// Sends the value of the one enciphered setting through `filter`.
+bool filterPassword(const char* key, const QVariant& value, QVariant* filtered, SettingFilter filter)
+{
+    const std::string name = settings::NetProxyPassword.toStdString();
+    if (!quillon::text::equalsIgnoringAsciiCase(key, name) || !value.isValid() || value.toString().isEmpty())
+        return false;
+    const std::optional<std::string> result = filter(value.toString().toStdString());
+    if (!result)
+        return false;
+    *filtered = QString::fromStdString(*result);
+    return true;
+}
+
+/// What the dialog shows for a stored choice; a number without meaning counts as "nothing".
+std::int32_t shownWhatCopy(const QVariant& stored)
+{
+    const int number = stored.toInt();
+    const bool isValid = number == 0 || number == settings::kCopyNothing || number == settings::kCopyHex ||
+                         number == settings::kCopyBase64;
+    return isValid ? number : settings::kCopyNothing;
+}
+
+std::int32_t logLevelNumber(const QVariant& stored)
+{
+    return static_cast<std::int32_t>(logger::logLevelFromNumber(stored.toInt()));
+}
+
+} // namespace
+
+void CMainWindow::startLogging()
+{
+    const CAppSettings store;
+    logger::getLogSender()->setLevel(logger::logLevelFromNumber(store.value(settings::LogLevel, 0).toInt()));
+    setFileLoggerEnabled(store.value(settings::UseLogFile, false).toBool());
+}
+
+void CMainWindow::setFileLoggerEnabled(bool enabled)
+{
+    quillon::setFileLoggerEnabled(enabled, getLogFilePath().toStdString());
+}
+
+bool CMainWindow::decodeSettingValue(const char* key, const QVariant& stored, QVariant* plain) const
+{
+    return filterPassword(key, stored, plain, crypto::decipherSetting);
+}
+
+bool CMainWindow::encodeSettingValue(const char* key, const QVariant& plain, QVariant* stored) const
+{
+    return filterPassword(key, plain, stored, crypto::encipherSetting);
+}
+
+void CMainWindow::onUiAbout()
+{
+    CAboutDialog(this).exec();
+}
+
+void CMainWindow::onUiShowKeyboardShortcuts()
+{
+    CkeyboardShortcutInfoDialog(this).exec();
+}
+
+void CMainWindow::onUiShowOptions()
+{
+    COptionsDialog dialog(this);
+    dialog.setLocaleCallback(this);
+    dialog.setAlgProvider(this);
+    dialog.setOptionsChanged(this);
+    fillOptionsDialog(dialog);
+    if (dialog.exec() == QDialog::Accepted)
+        onAppOptionsChanged(dialog.getAppOptions());
+}
+
+void CMainWindow::fillOptionsDialog(COptionsDialog& dialog)
+{
+    const CAppSettings store;
+    dialog.setShellContextMenu(store.value(settings::IntegrateToShellContextMenu, true).toBool());
+    dialog.setSendToLink(store.value(settings::AddToSendMenu, true).toBool());
+    dialog.setLocaleId(storedLocale().id);
+    dialog.setDefaultAlg(storedDefaultAlgorithm());
+    dialog.setUseDefaultAlg(store.value(settings::UseDefaultAlgorithmAtStarting, true).toBool());
+    dialog.setWhatCopy(shownWhatCopy(store.value(settings::WhatCopyToClipboard, settings::kCopyNothing)));
+    dialog.setLogLevel(logLevelNumber(store.value(settings::LogLevel, 0)));
+    dialog.setUseLogFile(store.value(settings::UseLogFile, false).toBool());
+    dialog.setLogFilePath(getLogFilePath());
+    dialog.setTranslationList(this);
+    loadNetProxy();
+    dialog.setNetProxy(getNetProxy());
+    dialog.setProxySelectType(getProxySelectType());
+}
+
+void CMainWindow::onAppOptionsChanged(const SAppOptions& options)
+{
+    const bool shellChanged = storeOptions(options);
+    if (options.defaultAlg.lib != 0 && options.defaultAlg.alg != 0 && isAlgorithmKnown(options.defaultAlg)) {
+        thisapp::writeDefaultHashAlgorithm(options.defaultAlg);
+        m_hashAlgFrame->setCurrentAlgorithm(options.defaultAlg);
+    }
+    logger::getLogSender()->setLevel(logger::logLevelFromNumber(options.logLevel));
+    setFileLoggerEnabled(options.useLogFile);
+    applyLanguage(options.localeId);
+    setNetProxy(options.netProxy);
+    setProxySelectType(options.proxySelectType);
+    saveNetProxy();
+    if (shellChanged)
+        integrateShellContextMenu();
+}
+
+/// Writes what needs no check; true where a setting of the desktop integration differs from before.
+bool CMainWindow::storeOptions(const SAppOptions& options)
+{
+    CAppSettings store;
+    const bool shellChanged =
+        store.value(settings::IntegrateToShellContextMenu, true).toBool() != options.shellContextMenu ||
+        store.value(settings::AddToSendMenu, true).toBool() != options.sendToLink;
+    store.setValue(settings::IntegrateToShellContextMenu, options.shellContextMenu);
+    store.setValue(settings::AddToSendMenu, options.sendToLink);
+    store.setValue(settings::UseDefaultAlgorithmAtStarting, options.useDefaultAlg);
+    store.setValue(settings::WhatCopyToClipboard, options.whatCopy);
+    store.setValue(settings::LogLevel, options.logLevel);
+    store.setValue(settings::UseLogFile, options.useLogFile);
+    return shellChanged;
+}
+
+void CMainWindow::applyLanguage(std::uint32_t localeId)
+{
+    CAppSettings store;
+    const QVariant stored = store.value(settings::LocaleId, i18n::kDefaultLocaleId);
+    if (stored.isValid() && stored.toUInt() == localeId)
+        return;
+    i18n::internal::Locale<char> locale;
+    if (!i18n::findLocale(locale, localeId) || !loadLocale(locale))
+        return;
+    store.setValue(settings::LocaleId, localeId);
+    retranslate();
+    m_hashAlgFrame->retranslateFrame();
+    m_shellIntegration.renewContextMenu();
+    updateInputFileDetails();
+    setWindowTitle(getProductTitle());
+}
+
+/// Sets the form's texts again, and above them those that tell of the run on screen.
+void CMainWindow::retranslate()
+{
+    m_ui->retranslateUi(this);
+    updateResultCaption();
+}
+
+void CMainWindow::integrateShellContextMenu()
+{
+    const bool isWanted = CAppSettings().value(settings::IntegrateToShellContextMenu, true).toBool();
+    static_cast<void>(m_shellIntegration.removeContextMenu());
+    if (isWanted)
+        static_cast<void>(m_shellIntegration.createContextMenu());
+}
+
+void CMainWindow::integrateSendToMenu()
+{
+    const bool isWanted = CAppSettings().value(settings::AddToSendMenu, true).toBool();
+    static_cast<void>(m_shellIntegration.removeSendToLink());
+    if (isWanted)
+        static_cast<void>(m_shellIntegration.createSendToLink());
+}

@@ -1,0 +1,75 @@
+#include "app/FileLogger.h"
+
+#include "err/ResultCode.h"
+#include "logger/Log.h"
+#include "logger/LogAppenderUtf8File.h"
+#include "platform/Folders.h"
+
+#include <QFileInfo>
+#include <QString>
+
+#include <cstdint>
+#include <memory>
+
+namespace quillon {
+namespace {
+
+using logger::ELogLevel;
+using logger::LogAppenderUtf8File;
+
+constexpr std::uint64_t kFileAppenderId = 1;
+constexpr const char* kCategory = "mainwindow";
+
+void createFolderOf(const std::string& path)
+{
+    const QFileInfo file(QString::fromStdString(path));
+    if (!path.empty() && !file.exists())
+        platform::createFolders(file.absolutePath().toStdString());
+}
+
+/// Null where there is no name for the file.
+std::unique_ptr<LogAppenderUtf8File> makeFileLogger(const std::string& path)
+{
+    return path.empty() ? nullptr : std::make_unique<LogAppenderUtf8File>(kFileAppenderId, path);
+}
+
+void logFailure(const char* what, const err::ResultCode& result)
+{
+    logger::log(ELogLevel::Error, kCategory, [&](auto& record) { record << what << result; });
+}
+
+void addFileLogger(logger::LogSender<char>& sender, const std::string& path)
+{
+    std::unique_ptr<LogAppenderUtf8File> file = makeFileLogger(path);
+    if (!file) {
+        logger::log(ELogLevel::Error, kCategory,
+                    [](auto& record) { record << "Failed to create file logger."; });
+        return;
+    }
+    if (const err::ResultCode started = file->start(); !err::succeeded(started)) {
+        logFailure("Failed to start file logger. Error: ", started);
+        return;
+    }
+    if (const err::ResultCode added = sender.appenders().addAppender(file.get()); !err::succeeded(added)) {
+        logFailure("Failed to add file logger. Error: ", added);
+        return;
+    }
+    static_cast<void>(file.release()); // the sender's now
+    logger::log(ELogLevel::Trace, kCategory, [](auto& record) { record << "File logger was started."; });
+}
+
+} // namespace
+
+void setFileLoggerEnabled(bool enabled, const std::string& path)
+{
+    logger::LogSender<char>& sender = *logger::getLogSender();
+    if (!enabled) {
+        sender.appenders().removeAllAppenders();
+        return;
+    }
+    createFolderOf(path);
+    if (!sender.appenders().setAppenderEnabled(kFileAppenderId, true))
+        addFileLogger(sender, path);
+}
+
+} // namespace quillon
