@@ -81,7 +81,8 @@ public:
     /// outlive the dialog.
     void setSystemQuery(SystemQuery query) { m_systemQuery = std::move(query); }
 
-    /// What checks the connection; one that is made with its defaults until it is set.
+    /// What checks the connection, not null; one that is made with its defaults until it is set. The dialog's
+    /// closing stops it for good.
     void setConnectionCheck(std::shared_ptr<quillon::web::ConnectionCheck> check)
     {
         m_check = std::move(check);

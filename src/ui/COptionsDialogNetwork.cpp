@@ -16,9 +16,9 @@ namespace {
 
 constexpr int kDecimal = 10;
 constexpr int kLookAgainMs = 100;
-const QColor kNeutralColor(0, 0, 0);
-const QColor kSuccessColor(0, 95, 0);
-const QColor kFailureColor(255, 0, 0);
+constexpr QColor kNeutralColor(0, 0, 0);
+constexpr QColor kSuccessColor(0, 95, 0);
+constexpr QColor kFailureColor(255, 0, 0);
 
 /// Keeps a connection check that outlives its dialog, so that the program waits for its end before it tears
 /// down what the check stands on. Deletes itself once the check has ended.
