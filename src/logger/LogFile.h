@@ -21,7 +21,7 @@ public:
     explicit LogFile(std::string path);
 
     /// Writes the lines to the end of the file, in few pieces that each end with a line, so that the lines of
-    /// several processes do not mix.
+    /// several processes do not mix where the system appends each piece as a whole, as Unix does.
     void writeLines(const std::vector<LogLine<char>>& lines);
 
     void close() noexcept { m_file.reset(); }

@@ -1,16 +1,16 @@
 #include "logger/LogFileTest.h"
+#include "logger/NumberedLines.h"
 
-#include <atomic>
-#include <cstdio>
 #include <map>
-#include <sstream>
 #include <vector>
 
 namespace quillon::logger {
 namespace {
 
+using tests::appendNumbers;
 using tests::lineOf;
 using tests::waitUntil;
+using tests::wholeLines;
 using LogAppenderUtf8FileTest = tests::LogFileTest;
 
 constexpr std::uintmax_t kMaxBytes = 20'000'000;
@@ -98,22 +98,6 @@ TEST_F(LogAppenderUtf8FileTest, TheLineAfterTenThousandWaitingOnesIsDropped)
     EXPECT_TRUE(waitForContent(expected + lineOf("room again")));
 }
 
-/// What stands behind `number`: longer than a page now and then, so that lines lie across every buffer's end.
-std::string tailOf(int number)
-{
-    return std::string(static_cast<std::size_t>(number % 97 == 0 ? 9000 : number % 31), 'x') + '.';
-}
-
-/// Appends numbered lines for as long as `goesOn` answers true for the next number.
-template <class GoesOn>
-void appendNumbers(LogAppenderUtf8File& appender, std::uint32_t thread, GoesOn goesOn)
-{
-    for (int i = 0; goesOn(i); ++i) {
-        const std::string message = std::to_string(i) + ' ' + tailOf(i);
-        appender.append(0, 1, thread, ELogLevel::Error, "test", message.c_str(), 0);
-    }
-}
-
 /// Eight threads that log at once; destruction waits for them.
 template <class GoesOn>
 std::vector<std::jthread> eightThreads(LogAppenderUtf8File& appender, GoesOn goesOn)
@@ -122,26 +106,6 @@ std::vector<std::jthread> eightThreads(LogAppenderUtf8File& appender, GoesOn goe
     for (std::uint32_t thread = 0; thread < 8; ++thread)
         threads.emplace_back([&appender, thread, goesOn] { appendNumbers(appender, thread, goesOn); });
     return threads;
-}
-
-/// How many lines of each thread there are; nothing where one is torn or out of order.
-std::map<int, int> wholeLines(const std::string& content)
-{
-    std::map<int, int> counts;
-    std::map<int, int> latest;
-    std::istringstream stream(content);
-    for (std::string line; std::getline(stream, line);) {
-        int thread = 0;
-        int number = 0;
-        int end = 0;
-        const int read =
-            std::sscanf(line.c_str(), "[ERROR] [00001] [%5d] [test] %d %n", &thread, &number, &end);
-        const bool isWhole = read == 2 && line.substr(static_cast<std::size_t>(end)) == tailOf(number);
-        if (!isWhole || (counts[thread]++ > 0 && latest[thread] >= number))
-            return {};
-        latest[thread] = number;
-    }
-    return counts;
 }
 
 TEST_F(LogAppenderUtf8FileTest, EightThreadsLoseNoLineWhileThereIsRoom)
@@ -154,44 +118,12 @@ TEST_F(LogAppenderUtf8FileTest, EightThreadsLoseNoLineWhileThereIsRoom)
     EXPECT_TRUE(waitUntil([&] { return wholeLines(content()) == all; }));
 }
 
-class FullSpeed : public LogAppenderUtf8FileTest
+TEST_F(LogAppenderUtf8FileTest, EightThreadsAtFullSpeedTearAndSwapNoLineAndTheStopIsQuick)
 {
-protected:
-    /// Lets the threads of `start`, which are given when to go on, fill several batches.
-    template <class Start>
-    void logAtFullSpeed(Start start) const
-    {
-        constexpr std::uintmax_t kSeveralBatchesBytes = 5'000'000;
-        std::atomic<bool> isEnough{false};
-        const std::vector<std::jthread> threads = start([&](int) { return !isEnough.load(); });
-        EXPECT_TRUE(waitUntil([&] {
-            std::error_code missing;
-            const std::uintmax_t size = std::filesystem::file_size(path, missing);
-            return !missing && size > kSeveralBatchesBytes;
-        }));
-        isEnough = true;
-    }
-};
-
-TEST_F(FullSpeed, OfEightThreadsTearsAndSwapsNoLineAndTheStopIsQuick)
-{
-    logAtFullSpeed([&](auto goesOn) { return eightThreads(*appender, goesOn); });
+    tests::logAtFullSpeed(path, [&](auto goesOn) { return eightThreads(*appender, goesOn); });
     const auto begin = std::chrono::steady_clock::now();
     appender.reset();
     EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(5));
-    EXPECT_FALSE(wholeLines(content()).empty());
-}
-
-TEST_F(FullSpeed, OfTwoWritersOfOneFileTearsNoLine)
-{
-    LogAppenderUtf8File other(2, tests::utf8Name(path));
-    ASSERT_TRUE(err::succeeded(other.start()));
-    logAtFullSpeed([&](auto goesOn) {
-        std::vector<std::jthread> threads;
-        threads.emplace_back([&, goesOn] { appendNumbers(*appender, 1, goesOn); });
-        threads.emplace_back([&, goesOn] { appendNumbers(other, 2, goesOn); });
-        return threads;
-    });
     EXPECT_FALSE(wholeLines(content()).empty());
 }
 

@@ -1,6 +1,7 @@
 // What can happen to the log file on a system that lets anybody rename, remove and replace an open file.
 
 #include "logger/LogFileTest.h"
+#include "logger/NumberedLines.h"
 #include "platform/LogFile.h"
 
 #include <sys/resource.h>
@@ -121,6 +122,21 @@ TEST_F(LogFileFault, LoggingBeginsWhenTheFolderCanBeMade)
     append("lost");
     fs::remove(obstacle);
     EXPECT_TRUE(logsAgain("kept"));
+}
+
+TEST_F(LogFileFault, TwoWritersOfOneFileAtFullSpeedTearNoLine)
+{
+    auto other = std::make_unique<LogAppenderUtf8File>(2, tests::utf8Name(path));
+    ASSERT_TRUE(err::succeeded(other->start()));
+    tests::logAtFullSpeed(path, [&](auto goesOn) {
+        std::vector<std::jthread> threads;
+        threads.emplace_back([&, goesOn] { tests::appendNumbers(*appender, 1, goesOn); });
+        threads.emplace_back([&, goesOn] { tests::appendNumbers(*other, 2, goesOn); });
+        return threads;
+    });
+    appender.reset();
+    other.reset();
+    EXPECT_FALSE(tests::wholeLines(content()).empty());
 }
 
 } // namespace
