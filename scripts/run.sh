@@ -30,6 +30,7 @@ build release -DKESTRUM_TESTS=OFF
 program=$ROOT/build/release/kestrum
 
 if has_display; then
+    install_packages network
     [ -n "${DISPLAY:-}" ] || install_packages wayland
     exec "$program" "${arguments[@]}"
 fi

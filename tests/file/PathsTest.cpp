@@ -35,7 +35,7 @@ TEST(JoinPath, LeavesOneSeparatorBetweenItsParts)
     const std::string cases[][3] = {
         {"a", "b", "a" + kOwn + "b"}, {"a/", "b", "a/b"},     {"a\\", "b", "a\\b"}, {"a/\\/", "b", "a/b"},
         {"a\\//", "b", "a\\b"},       {"//", "/\\b/", "/b/"}, {"", "b", "b"},       {"", "//b", "b"},
-        {"a", "", "a" + kOwn},        {"a//", "\\/", "a/"},   {"", "", ""},
+        {"a", "", "a" + kOwn},        {"a//", "\\/", "a/"},   {"/", "b", "/b"},     {"", "", ""},
     };
     for (const auto& [path, tail, expected] : cases)
         EXPECT_EQ(joinPath(path, tail), expected) << path << " and " << tail;
