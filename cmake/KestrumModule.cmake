@@ -58,6 +58,8 @@ function(kestrum_test name)
     add_executable(${name} ${arg_SOURCES})
     target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
     target_compile_definitions(${name} PRIVATE KESTRUM_TEST_DATA="${PROJECT_SOURCE_DIR}/tests")
+    # What is tested is in libraries, so that the tests themselves only have to compile fast.
+    target_compile_options(${name} PRIVATE $<$<CONFIG:Release>:-O1>)
     target_link_libraries(${name} PRIVATE ${arg_LINK} kestrum::warnings GTest::gtest)
     set(environment "")
     if(arg_QT)

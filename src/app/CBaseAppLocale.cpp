@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <iterator>
 #include <string_view>
+#include <utility>
 
 namespace quillon {
 namespace {
@@ -67,18 +68,17 @@ bool CBaseApp::loadLocale(const Locale& locale)
     return true;
 }
 
-/// Loads the texts of a language, or brings those of the former one back.
+/// Loads the texts of a language, or leaves those of the former one.
 bool CBaseApp::loadTexts(const std::string& language, const std::string& country)
 {
     auto& texts = i18n::getStrBundleMgr();
-    const std::string formerLanguage = texts.getLanguage();
-    const std::string formerCountry = texts.getCountry();
-    const bool isLoaded =
-        equalsIgnoringAsciiCase(formerLanguage, language) && equalsIgnoringAsciiCase(formerCountry, country);
+    auto former = texts.getState();
+    const bool isLoaded = equalsIgnoringAsciiCase(former.language, language) &&
+                          equalsIgnoringAsciiCase(former.country, country);
     const err::ResultCode loaded = texts.loadTranslation(language, country, true);
     if (isLoaded || err::succeeded(loaded))
         return true;
-    static_cast<void>(texts.loadTranslation(formerLanguage, formerCountry, true));
+    texts.setState(std::move(former));
     return false;
 }
 

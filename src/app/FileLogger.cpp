@@ -27,12 +27,6 @@ void createFolderOf(const std::string& path)
         platform::createFolders(file.absolutePath().toStdString());
 }
 
-/// Null where there is no name for the file.
-std::unique_ptr<LogAppenderUtf8File> makeFileLogger(const std::string& path)
-{
-    return path.empty() ? nullptr : std::make_unique<LogAppenderUtf8File>(kFileAppenderId, path);
-}
-
 void logFailure(const char* what, const err::ResultCode& result)
 {
     logger::log(ELogLevel::Error, kCategory, [&](auto& record) { record << what << result; });
@@ -40,21 +34,22 @@ void logFailure(const char* what, const err::ResultCode& result)
 
 void addFileLogger(logger::LogSender<char>& sender, const std::string& path)
 {
-    std::unique_ptr<LogAppenderUtf8File> file = makeFileLogger(path);
-    if (!file) {
+    if (path.empty()) {
         logger::log(ELogLevel::Error, kCategory,
                     [](auto& record) { record << "Failed to create file logger."; });
         return;
     }
-    if (const err::ResultCode started = file->start(); !err::succeeded(started)) {
-        logFailure("Failed to start file logger. Error: ", started);
+    auto file = std::make_unique<LogAppenderUtf8File>(kFileAppenderId, path);
+    if (const err::ResultCode starting = file->start(); !err::succeeded(starting)) {
+        logFailure("Failed to start file logger. Error: ", starting);
         return;
     }
-    if (const err::ResultCode added = sender.appenders().addAppender(file.get()); !err::succeeded(added)) {
+    LogAppenderUtf8File* const started = file.release();
+    if (const err::ResultCode added = sender.appenders().addAppender(started); !err::succeeded(added)) {
+        file.reset(started); // not taken over
         logFailure("Failed to add file logger. Error: ", added);
         return;
     }
-    static_cast<void>(file.release()); // the sender's now
     logger::log(ELogLevel::Trace, kCategory, [](auto& record) { record << "File logger was started."; });
 }
 

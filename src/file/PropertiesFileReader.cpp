@@ -55,13 +55,18 @@ err::ResultCode PropertiesFileReader<Char, Reader>::read(const Text& path, Sette
     LogicalLines lines;
     PairWalk pair;
     Text line;
+    const auto take = [&](const Text& logicalLine) {
+        if (!pair.add(logicalLine))
+            return;
+        sink.take(pair);
+        pair.clear();
+    };
     while (!m_isStopped.get() && reader.readLine(line)) {
-        const std::optional<Text> logicalLine = lines.add(std::move(line));
-        if (logicalLine && pair.add(*logicalLine)) {
-            sink.take(pair);
-            pair.clear();
-        }
+        if (const std::optional<Text> logicalLine = lines.add(std::move(line)))
+            take(*logicalLine);
     }
+    if (!m_isStopped.get())
+        take(lines.takeRest());
     return sink.firstError;
 }
 

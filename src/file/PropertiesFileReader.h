@@ -12,9 +12,9 @@ namespace quillon::file::internal {
 ///
 /// One pair a line, key and value parted by the first "=" or ":" that has no backslash in front. White space
 /// round the key and ahead of the value is dropped; a blank does not end a key. Lines that begin with "#" or
-/// "!" are comments. A single backslash at the end joins the next line; where there is none any more, the
-/// joined lines are dropped. In a value \n, \r and \t stand for line feed, carriage return and tab. A file
-/// must have no empty key, as it would take all that follows into its value.
+/// "!" are comments. A single backslash at the end joins the next line, if there is one. In a value \n, \r
+/// and \t stand for line feed, carriage return and tab. A file must have no empty key, as it would take all
+/// that follows into its value.
 template <class Char, class Reader>
 class PropertiesFileReader final : public IPropertiesFileReader<Char>
 {

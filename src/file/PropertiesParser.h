@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace quillon::file::internal {
 
@@ -13,6 +14,9 @@ public:
     /// Takes a line without its line feed and gives back the logical line that it completes, if it does.
     /// Comments and empty lines neither complete nor end a line that is being continued.
     [[nodiscard]] std::optional<std::string> add(std::string line);
+
+    /// What the end of the file leaves of a line that was to be continued; empty where nothing is left.
+    [[nodiscard]] std::string takeRest() { return std::exchange(m_pending, {}); }
 
 private:
     std::string m_pending;

@@ -47,7 +47,7 @@ std::string Utf8FileReader::readAll()
     while (err::succeeded(m_lastError) && !m_bytes.isEnd()) {
         piece.clear();
         m_bytes.takePiece(piece, kPieceBytes);
-        text += piece.c_str();
+        text.append(piece, 0, piece.find('\0'));
         if (m_bytes.hasFailed())
             m_lastError = err::programError(err::kFileReadFailed);
     }

@@ -148,6 +148,19 @@ std::size_t StrBundleTrMgr<char>::getItemCount() const
     return m_items.value.size();
 }
 
+StrBundleTrMgr<char>::State StrBundleTrMgr<char>::getState() const
+{
+    return {m_items.get(), m_translations.get(), m_language.get(), m_country.get()};
+}
+
+void StrBundleTrMgr<char>::setState(State state)
+{
+    m_items.set(std::move(state.items));
+    m_translations.set(std::move(state.translations));
+    m_language.set(std::move(state.language));
+    m_country.set(std::move(state.country));
+}
+
 int StrBundleTrMgr<char>::getTranslationCount() const
 {
     const std::lock_guard guard(m_translations);

@@ -47,6 +47,19 @@ public:
     [[nodiscard]] std::string getCountry() const override { return m_country.get(); }
     [[nodiscard]] std::size_t getItemCount() const override;
 
+    /// All that a load replaces.
+    struct State
+    {
+        std::map<std::string, std::map<std::string, std::string, ItemNameCmp>, ItemNameCmp> items;
+        std::vector<Translation<char>> translations;
+        std::string language;
+        std::string country;
+    };
+
+    /// For a load that is to change nothing where it fails.
+    [[nodiscard]] State getState() const;
+    void setState(State state);
+
     [[nodiscard]] int getTranslationCount() const override;
     bool getTranslation(Translation<char>& out, int index) const override;
 

@@ -9,6 +9,9 @@ class MyTranslator : public quillon::AppTranslator
 public:
     using quillon::AppTranslator::AppTranslator;
 
+    /// False, so that Qt asks.
+    [[nodiscard]] bool isEmpty() const override { return false; }
+
     /// The translation of `sourceText` in `context`, the name of a class; the source text where there is none
     /// or an empty one; an empty text for a null pointer. There are neither plural forms nor disambiguation:
     /// a "%n" stays for Qt to fill. Any thread.

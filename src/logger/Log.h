@@ -13,7 +13,8 @@ namespace quillon::logger {
 /// it. `category` names the part of the program. A level that is off costs two locks: nothing is allocated,
 /// and `write` is not called. Any thread.
 ///
-///     log(ELogLevel::Debug, "hash", [&](auto& record) { record << "Opening the input file " << name; });
+///     log(ELogLevel::Debug, "calculateHash", [&](auto& record) { record << "Opening the input file " <<
+///     name; });
 template <class Write>
 void log(ELogLevel level, const char* category, Write write) noexcept
 {

@@ -3,9 +3,17 @@
 #include "err/ErrorCodes.h"
 
 #include <algorithm>
+#include <chrono>
 #include <mutex>
+#include <thread>
 
 namespace quillon::logger::internal {
+namespace {
+
+// Only an appender that removes itself within a line makes anybody wait so long.
+constexpr std::chrono::milliseconds kLongestHandOver{200};
+
+} // namespace
 
 err::ResultCode LogAppenders<char>::addAppender(LogAppender<char>* appender)
 {
@@ -18,7 +26,11 @@ err::ResultCode LogAppenders<char>::addAppender(LogAppender<char>* appender)
         std::ranges::any_of(map, [=](const auto& entry) { return entry.second.appender.get() == appender; });
     if (known)
         return err::programError(err::kAlreadyExists);
-    map[appender->identifier()].appender.reset(appender, _TAppenderDeleter{});
+    // Taken over last of all, so that it stays the caller's where memory runs out.
+    const auto owner = std::make_shared<std::unique_ptr<LogAppender<char>, _TAppenderDeleter>>();
+    map.try_emplace(appender->identifier(),
+                    _TAppenderOpt{std::shared_ptr<LogAppender<char>>(owner, appender), true});
+    owner->reset(appender);
     return {};
 }
 
@@ -41,8 +53,18 @@ bool LogAppenders<char>::isAppenderEnabled(std::uint64_t identifier) const
 
 void LogAppenders<char>::removeAllAppenders()
 {
-    // Destroys the old map after the lock is released, as an appender's end may wait for its thread.
-    m_appenders.set({});
+    AppenderMap removed;
+    {
+        const std::lock_guard guard(m_appenders);
+        removed.swap(m_appenders.value);
+    }
+    // An appender's end may wait for its thread. That is for the caller here to do, not for a thread that is
+    // just handing over a line, which takes no longer than a copy.
+    const auto limit = std::chrono::steady_clock::now() + kLongestHandOver;
+    for (const auto& [identifier, option] : removed) {
+        while (option.appender.use_count() > 1 && std::chrono::steady_clock::now() < limit)
+            std::this_thread::yield();
+    }
 }
 
 void LogAppenders<char>::send(const LogLine<char>& line) const

@@ -30,7 +30,6 @@ public:
     /// touches, as it may go on when nobody waits any more, and must not let an exception escape.
     std::optional<Answer> run(std::function<Answer()> work)
     {
-        join();
         const auto slot = std::make_shared<Slot>();
         {
             const std::lock_guard guard(m_lock);
@@ -38,6 +37,7 @@ public:
                 return std::nullopt;
             m_slot = slot;
         }
+        join();
         try {
             m_thread = std::thread(&Slot::answer, slot, work);
         } catch (const std::system_error&) {

@@ -1,5 +1,6 @@
 #include "ui_COptionsDialog.h"
 
+#include "err/ErrorCodes.h"
 #include "err/ErrorText.h"
 #include "platform/SystemProxySettings.h"
 #include "ui/COptionsDialog.h"
@@ -7,6 +8,7 @@
 #include <QCoreApplication>
 #include <QTimerEvent>
 
+#include <exception>
 #include <mutex>
 #include <optional>
 
@@ -31,6 +33,9 @@ public:
         , m_call(std::move(call))
     {
         startTimer(kLookAgainMs);
+        // The window goes before the application object, and the check writes to its log.
+        connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, this,
+                [this] { m_call->join(); });
     }
     ~Remainder() override { m_call->join(); }
 
@@ -44,6 +49,19 @@ protected:
 private:
     std::unique_ptr<Call> m_call;
 };
+
+/// What `work` answers, or `failure` where memory runs out in it.
+template <class Work, class Answer>
+Answer answerOf(const Work& work, const Answer& failure)
+{
+    try {
+        return work();
+    } catch (const std::exception&) {
+        return failure;
+    }
+}
+
+constexpr err::ResultCode kNoMemory = err::programError(err::kFirstBufferNotAllocated);
 
 } // namespace
 
@@ -92,7 +110,9 @@ void COptionsDialog::runSystemQuery()
     if (m_closing.get())
         return;
     emit notifyQuerySystemProxySettingsStarted();
-    const std::optional<SGetSystemProxySettings> answer = m_queryCall.run(m_systemQuery);
+    const std::optional<SGetSystemProxySettings> answer = m_queryCall.run([query = m_systemQuery] {
+        return answerOf(query, SGetSystemProxySettings{{}, kNoMemory});
+    });
     if (!answer)
         return;
     {
@@ -110,8 +130,10 @@ void COptionsDialog::runConnectionCheck()
     if (m_closing.get())
         return;
     emit notifyCheckNetworkConnectionStarted();
-    const std::optional<err::ResultCodes> result = m_checkCall->run(
-        [check = m_check, proxy = m_connectionCheck.get().proxy] { return check->check(proxy); });
+    const std::optional<err::ResultCodes> result =
+        m_checkCall->run([check = m_check, proxy = m_connectionCheck.get().proxy] {
+            return answerOf([&] { return check->check(proxy); }, err::ResultCodes{kNoMemory, {}, {}});
+        });
     if (!result)
         return;
     {
@@ -169,8 +191,10 @@ void COptionsDialog::updateProxyControls()
 
 void COptionsDialog::onUiProxySelectTypeChanged(int /*index*/)
 {
-    if (shownProxySelectType() == EProxySelectType::System && !m_queryThread.isRunning())
-        static_cast<void>(m_queryThread.start()); // without a thread the fields just stay empty
+    // Not to be chosen again until the end has been shown. Without a thread the fields just stay empty.
+    if (shownProxySelectType() == EProxySelectType::System && !m_queryThread.isRunning() &&
+        err::succeeded(m_queryThread.start()))
+        m_ui->comboBoxProxyConfigType->setEnabled(false);
     updateProxyControls();
 }
 
@@ -199,6 +223,7 @@ void COptionsDialog::onUiCheckNetworkConnection()
         return;
     m_connectionCheck.set({typedProxy(), {}});
     const err::ResultCode started = m_checkThread.start();
+    m_ui->buttonCheckConnection->setEnabled(!err::succeeded(started));
     if (!err::succeeded(started))
         showNetworkFailure(tr("Failed to check network connection."), err::errorCodesText(started));
 }

@@ -23,7 +23,9 @@ err::ResultCode query(Ask ask, NetProxy<wchar_t>& proxy)
         splitProxyUrl(answer.proxy, found);
     else
         splitProxyString(answer.proxy, found);
-    found.type = found.server.empty() ? 0 : kFoundProxyType;
+    const bool isFound =
+        answer.form == SystemProxyAnswer::Form::Url ? !found.server.empty() : !answer.proxy.empty();
+    found.type = isFound ? kFoundProxyType : 0;
     proxy = found;
     return {};
 }

@@ -76,6 +76,12 @@ QVariant stored(const QString& key)
     return CAppSettings().value(key);
 }
 
+/// On Unix; elsewhere always the same.
+int threadCount()
+{
+    return static_cast<int>(QDir("/proc/self/task").count());
+}
+
 class OptionsTest : public MainWindowTest
 {
 protected:
@@ -141,6 +147,8 @@ TEST_F(OptionsTest, ThatAreConfirmedGovernTheWindowTheSettingsAndTheNextStart)
     EXPECT_EQ(stored(settings::NetProxyServer).toString(), "proxy.example");
     EXPECT_EQ(stored(settings::NetProxySelectType).toInt(), 2);
     EXPECT_GT(stored(settings::NetProxyPassword).toString().size(), 100);
+    for (const QString& key : CAppSettings().allKeys())
+        EXPECT_FALSE(stored(key).toString().contains("ex:ample")) << key.toStdString();
 
     MainWindowDriver next({file});
     EXPECT_TRUE(next.child<QComboBox>("comboBoxSelectAlg").currentText().startsWith("MD5"));
@@ -205,6 +213,7 @@ TEST_F(OptionsTest, ChangeAThousandTimesInAnyOrderWhileRunsGoOnAndWindowsClose)
     constexpr int kChangesPerWindow = 50;
     const QString file = write("blocks", blocksOfBytes(16));
     std::mt19937 random(20261123);
+    const int threads = threadCount();
     const auto oneOf = [&random](auto... values) {
         const std::array choices{values...};
         return choices.at(random() % choices.size());
@@ -223,6 +232,51 @@ TEST_F(OptionsTest, ChangeAThousandTimesInAnyOrderWhileRunsGoOnAndWindowsClose)
                       options.localeId == kGerman ? "Berechnen" : "Calculate");
         }
         driver.press(Qt::Key_F5);
+        driver.window().close();
+    }
+    EXPECT_TRUE(waitFor([threads] { return threadCount() <= threads; }));
+}
+
+TEST_F(OptionsTest, OfFilesThatCannotBeReadAreTheDefaultsOfAUsableWindow)
+{
+    const QString store = CAppSettings().fileName();
+    const std::pair<QByteArray, bool> files[] = {
+        {"", true},
+        {QByteArrayLiteral("[Gen\0eral\nLocaleId=\n=\n\xFF\xFE[[["), true},
+        {"LocaleId=1031", false}};
+    for (const auto& [bytes, isWritable] : files) {
+        QFile file(store);
+        ASSERT_TRUE(!store.endsWith(".conf") || file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+        file.close();
+        QFile::setPermissions(store, isWritable ? QFile::ReadOwner | QFile::WriteOwner : QFile::ReadOwner);
+        loadStartLanguage();
+        MainWindowDriver driver({write("letters", "abc")});
+        EXPECT_TRUE(driver.run());
+        EXPECT_EQ(driver.hex(), sha256Hex("abc"));
+        EXPECT_EQ(shown(driver, "actionHash_Calculate"), "Calculate");
+    }
+    QFile::remove(store);
+}
+
+TEST_F(OptionsTest, OfTheLogShowInItHowTheProgramStartsAndEnds)
+{
+    CAppSettings().setValue(settings::LogLevel, 6);
+    CAppSettings().setValue(settings::UseLogFile, true);
+    MainWindowDriver driver({write("letters", "abc"), "-start"});
+    driver.window().close();
+    QFile log(driver.window().getLogFilePath());
+    QByteArray text;
+    ASSERT_TRUE(waitFor([&] {
+        log.close();
+        text = log.open(QIODevice::ReadOnly) ? log.readAll() : QByteArray();
+        return text.contains("Finish ...");
+    })) << text.toStdString();
+    int place = text.lastIndexOf("File logger was started.");
+    for (const char* next : {"Start ...", "Try to process command line: ", "Finish ..."}) {
+        const int found = text.indexOf(next, place);
+        EXPECT_GT(found, place) << next;
+        place = found;
     }
 }
 

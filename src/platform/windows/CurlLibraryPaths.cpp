@@ -8,6 +8,8 @@ namespace quillon::platform {
 std::vector<std::string> curlLibraryPaths()
 {
     const std::string program = programPath();
+    if (program.empty())
+        return {};
     return {program.substr(0, program.rfind('\\') + 1) + "libcurl.dll"};
 }
 

@@ -51,6 +51,9 @@ RuntimeLibrary loadRuntimeLibrary(const std::string& path)
 
 err::ResultCode findLibrarySymbol(const RuntimeLibrary& library, const char* name, void*& address)
 {
+    address = nullptr;
+    if (!library)
+        return {err::kGroupSystem, ERROR_INVALID_HANDLE};
     address = reinterpret_cast<void*>(GetProcAddress(moduleOf(library), name));
     return address == nullptr ? lastSystemError() : err::ResultCode{};
 }

@@ -28,6 +28,11 @@ err::ResultCode lastSystemError()
     return {err::kGroupSystem, GetLastError()};
 }
 
+bool isEmpty(const GlobalText& text)
+{
+    return !text || *text == L'\0';
+}
+
 void storeProxy(const GlobalText& text, SystemProxyAnswer& answer)
 {
     answer = {text ? std::wstring(text.get()) : std::wstring(), SystemProxyAnswer::Form::HostAndPort};
@@ -75,8 +80,7 @@ err::ResultCode askUserProxy(const std::string& url, SystemProxyAnswer& answer)
     const GlobalText proxy(config.lpszProxy);
     const GlobalText bypass(config.lpszProxyBypass);
     const GlobalText scriptUrl(config.lpszAutoConfigUrl);
-    const bool isScriptNeeded = !proxy && scriptUrl;
-    if (isScriptNeeded)
+    if (isEmpty(proxy) && !isEmpty(scriptUrl))
         return askScript(text::wideFromUtf8(url), scriptUrl.get(), answer);
     storeProxy(proxy, answer);
     return {};

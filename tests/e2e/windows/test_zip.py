@@ -3,11 +3,14 @@
 KESTRUM_ZIP names the zip, KESTRUM_WINE and KESTRUM_WINESERVER the programs that run it; WINEPREFIX is ready for use.
 """
 
+import contextlib
 import hashlib
+import http.server
 import os
 import pathlib
 import re
 import sys
+import threading
 import zipfile
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1]))
@@ -17,7 +20,11 @@ import desktop  # noqa: E402
 WINE = os.environ["KESTRUM_WINE"]
 TITLE = "^Kestrum v"
 SETTINGS = r"HKCU\Software\Quillon.example\Kestrum"
+MENU_ENTRIES = r"HKCU\Software\Classes\*\shell"
+LINK = "Microsoft/Windows/SendTo/Kestrum.lnk"
 COPY_HEX = 2
+GREEK = 1032
+DEBUG = 5
 
 # Where the window has its parts under Wine, in pixels from its upper left corner.
 MENU_HASH = (56, 11)
@@ -38,6 +45,7 @@ class ZipTest(desktop.DesktopTest):
         (self.folder,) = home.iterdir()
         self.home = home
         self.run_wine("reg", "delete", SETTINGS, "/f")
+        desktop.PICTURES.mkdir(parents=True, exist_ok=True)
 
     def end_wine(self):
         self.desktop.ask(os.environ["KESTRUM_WINESERVER"], "--kill")
@@ -81,7 +89,6 @@ class ZipTest(desktop.DesktopTest):
         self.set_number("WhatCopyToClipboard", COPY_HEX)
         process = self.start("/alg", "sha-512", "/ifile", "Z:" + str(path).replace("/", "\\"), "/start")
         self.wait_for_clipboard(hashlib.sha512(content).hexdigest().upper())
-        desktop.PICTURES.mkdir(parents=True, exist_ok=True)
         self.desktop.ask("import", "-window", self.window, str(desktop.PICTURES / "windows.png"))
         self.close(process)
 
@@ -111,6 +118,82 @@ class ZipTest(desktop.DesktopTest):
         self.desktop.key("F5")
         self.wait_for_clipboard(hashlib.md5(b"abc").hexdigest().upper())
         self.close(process)
+
+
+    def test_the_greek_user_reads_greek(self):
+        self.set_number("LocaleId", GREEK)
+        process = self.start()
+        self.desktop.click(self.window, MENU_HASH)
+        self.desktop.key("Down", "Down", "Down", "Return")
+        self.desktop.wait_for_focus("^Επιλογή αλγορίθμου$")
+        self.desktop.ask("import", "-window", "root", str(desktop.PICTURES / "windows-greek.png"))
+        self.desktop.key("Escape")
+        self.desktop.wait_for_focus(TITLE)
+        self.close(process)
+
+    def test_log_and_desktop_entries_are_made_and_go_again(self):
+        self.set_number("LogLevel", DEBUG)
+        self.set_number("UseLogFile", 1)
+        self.close(self.start())
+        log = self.user_file("Quillon.example/Kestrum/kestrum.log")
+        self.assertRegex(log.read_text(encoding="utf-8"), r"\[DEBUG\].*\[mainwindow\] Start \.\.\.")
+        self.assertIn("Send To Kestrum", self.run_wine("reg", "query", MENU_ENTRIES, "/s"))
+        self.assertIsNotNone(self.user_file(LINK))
+        for name in ("IntegrateToShellContextMenu", "AddToSendMenu"):
+            self.set_number(name, 0)
+        self.close(self.start())
+        self.assertNotIn("Kestrum", self.run_wine("reg", "query", MENU_ENTRIES, "/s"))
+        self.assertIsNone(self.user_file(LINK))
+
+    def user_file(self, name):
+        """A file of the user's data; None where there is none of this name."""
+        users = pathlib.Path(os.environ["WINEPREFIX"]) / "drive_c" / "users"
+        return next(users.glob("*/AppData/Roaming/" + name), None)
+
+    def test_the_connection_check_asks_through_the_proxy(self):
+        with loopback_proxy() as (port, requests):
+            self.run_wine("reg", "add", SETTINGS, "/v", "NetProxyServer", "/d", "127.0.0.1", "/f")
+            self.set_number("NetProxyPort", port)
+            self.set_number("NetProxySelectType", 2)
+            process = self.start()
+            self.open_options()
+            self.desktop.key("ctrl+Tab", "ctrl+Tab", "ctrl+Tab")
+            self.desktop.key("Tab", "Tab", "Tab", "Tab", "Tab", "Tab", "space")
+            self.desktop.wait_for(lambda: requests, "a request at the proxy")
+            self.desktop.ask("import", "-window", "root", str(desktop.PICTURES / "windows-options.png"))
+            self.desktop.key("Escape")
+            self.desktop.wait_for_focus(TITLE)
+            self.close(process)
+        method, address, agent, length = requests[0]
+        self.assertEqual((method, length), ("POST", "0"))
+        self.assertTrue(address.startswith("http://"))
+        self.assertTrue(agent.startswith("Mozilla/5.0 (Windows NT 10.0; WOW64)"))
+
+    def open_options(self):
+        self.desktop.click(self.window, MENU_HASH)
+        self.desktop.key("Right", "Up", "Return")
+        self.desktop.wait_for_focus("^Options$")
+
+
+@contextlib.contextmanager
+def loopback_proxy():
+    """A proxy that answers by itself: its port, and what was asked of it."""
+    requests = []
+
+    class Handler(http.server.BaseHTTPRequestHandler):
+        def do_POST(self):
+            requests.append((self.command, self.path, self.headers["User-Agent"], self.headers["Content-Length"]))
+            self.send_response(200)
+            self.send_header("Content-Length", "0")
+            self.end_headers()
+
+        def log_message(self, *arguments):
+            pass
+
+    with http.server.ThreadingHTTPServer(("127.0.0.1", 0), Handler) as server:
+        threading.Thread(target=server.serve_forever, daemon=True).start()
+        yield server.server_port, requests
+        server.shutdown()
 
 
 if __name__ == "__main__":

@@ -40,7 +40,13 @@ void removeAbandonedLock(const QString& path)
     const int descriptor = open(name.constData(), O_RDWR | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK);
     if (descriptor < 0)
         return;
-    if (flock(descriptor, LOCK_EX | LOCK_NB) == 0)
+    struct stat opened = {};
+    struct stat named = {};
+    const bool isFree = flock(descriptor, LOCK_EX | LOCK_NB) == 0;
+    // By now the name may belong to another process's lock.
+    const bool isSame = fstat(descriptor, &opened) == 0 && stat(name.constData(), &named) == 0 &&
+                        opened.st_dev == named.st_dev && opened.st_ino == named.st_ino;
+    if (isFree && isSame)
         unlink(name.constData());
     close(descriptor);
 }
