@@ -8,6 +8,7 @@
 #include <QCoreApplication>
 #include <QTimerEvent>
 
+#include <cstdint>
 #include <exception>
 #include <mutex>
 #include <optional>
@@ -60,6 +61,8 @@ Answer answerOf(const Work& work, const Answer& failure)
         return failure;
     }
 }
+
+constexpr std::uint32_t kLongestReturnMs = 20;
 
 constexpr err::ResultCode kNoMemory = err::programError(err::kFirstBufferNotAllocated);
 
@@ -191,10 +194,8 @@ void COptionsDialog::updateProxyControls()
 
 void COptionsDialog::onUiProxySelectTypeChanged(int /*index*/)
 {
-    // Not to be chosen again until the end has been shown. Without a thread the fields just stay empty.
-    if (shownProxySelectType() == EProxySelectType::System && !m_queryThread.isRunning() &&
-        err::succeeded(m_queryThread.start()))
-        m_ui->comboBoxProxyConfigType->setEnabled(false);
+    if (shownProxySelectType() == EProxySelectType::System && !m_queryThread.isRunning())
+        static_cast<void>(m_queryThread.start()); // without a thread the fields just stay empty
     updateProxyControls();
 }
 
@@ -205,7 +206,8 @@ void COptionsDialog::onUiQuerySystemProxySettingsStarted()
 
 void COptionsDialog::onUiQuerySystemProxySettingsFinished()
 {
-    m_queryThread.wait(); // it only has to return, and a new choice must be able to start it again
+    // It only has to return, and a new choice must be able to start it again, which one may just have done.
+    static_cast<void>(m_queryThread.waitFor(kLongestReturnMs));
     const SGetSystemProxySettings state = m_systemProxy.get();
     if (err::succeeded(state.result)) {
         m_ui->lineEditProxyAddress->setText(QString::fromStdString(state.proxy.server));
@@ -235,7 +237,7 @@ void COptionsDialog::onUiCheckNetworkConnectionStarted()
 
 void COptionsDialog::onUiCheckNetworkConnectionFinished()
 {
-    m_checkThread.wait(); // it only has to return, and the next click must be able to start it again
+    static_cast<void>(m_checkThread.waitFor(kLongestReturnMs)); // so that the next click can start it again
     const SCheckNetworkConnection state = m_connectionCheck.get();
     if (state.isSuccess())
         showNetworkResult(tr("Internet connection was checked successfully"), kSuccessColor);

@@ -169,10 +169,10 @@ TEST_F(CBaseAppLocale, WhoseTextsAreLoadedAlreadyComesIntoForce)
 
 TEST_F(CBaseAppLocale, WhoseTextsCannotBeLoadedLeavesTheFormerOneInForce)
 {
-    const std::string german = change("de", "DE");
+    (void)change("de", "DE");
     QFile::remove(folder + "kestrum.langs.xml");
     for (int attempt = 0; attempt < 2; ++attempt)
-        EXPECT_EQ(change("pt", "PT"), german);
+        EXPECT_EQ(change("pt", "PT"), "de-DE, de-DE, Open de, 1031");
 }
 
 std::string textOf(const App& app)

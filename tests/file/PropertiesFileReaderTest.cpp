@@ -84,7 +84,7 @@ TEST_F(PropertiesFileReader, WalksLinesIntoPairs)
         {"a=1\\\n# no\n\n2", {{"a", "12"}}},
         {"a=1\\\\\nb=2", {{"a", "1\\"}, {"b", "2"}}},
         {"a=1\\\r\n2", {{"a", "12"}}},
-        {"b=1\na=2\\", {{"b", "1"}}},
+        {"b=1\na=2\\", {{"b", "1"}, {"a", "2"}}},
         // an empty key takes the rest into its value
         {"a=1\n=x\nb=2\nc", {{"a", "1"}}},
         {"a=1\n \\\nn=2\n=\nb=3", {{"a", "1"}, {"n", "2"}}},
