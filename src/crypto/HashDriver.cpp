@@ -7,7 +7,8 @@
 
 #include <algorithm>
 #include <cstring>
-#include <mutex>
+#include <utility>
+#include <vector>
 
 namespace quillon::crypto::internal {
 namespace {

@@ -90,19 +90,26 @@ std::optional<std::size_t> takeLine(std::FILE* file, char* buffer, int count, in
     return length;
 }
 
-/// Drops each zero byte and what follows it up to and including the end of its line, and returns how many
-/// bytes are left.
-std::size_t dropCutBytes(std::span<char> bytes)
+/// Drops each zero byte and what follows it up to and including the end of its line, which may come in a
+/// later call, and returns how many bytes are left.
+std::size_t dropCutBytes(std::span<char> bytes, bool& isCutting)
 {
-    const auto findFrom = [bytes](std::size_t start, char c) {
-        return std::min(std::string_view(bytes.data(), bytes.size()).find(c, start), bytes.size());
-    };
-    std::size_t kept = findFrom(0, '\0');
-    for (std::size_t zero = kept; zero < bytes.size();) {
-        const std::size_t next = std::min(findFrom(zero, '\n') + 1, bytes.size());
-        zero = findFrom(next, '\0');
-        std::memmove(bytes.data() + kept, bytes.data() + next, zero - next);
-        kept += zero - next;
+    const std::string_view text(bytes.data(), bytes.size());
+    std::size_t kept = 0;
+    for (std::size_t from = 0; from < text.size();) {
+        if (isCutting) {
+            const std::size_t end = text.find('\n', from);
+            if (end == std::string_view::npos)
+                return kept;
+            isCutting = false;
+            from = end + 1;
+        }
+        const std::size_t zero = std::min(text.find('\0', from), text.size());
+        if (kept != from)
+            std::memmove(bytes.data() + kept, bytes.data() + from, zero - from);
+        kept += zero - from;
+        isCutting = zero < text.size();
+        from = zero + 1;
     }
     return kept;
 }
@@ -171,8 +178,10 @@ std::size_t IStreamUtf8File::readLines(std::span<char> buffer)
             static_cast<void>(failLine(options.file.get()));
             break;
         }
-        kept = dropCutBytes(buffer.first(count));
+        bool isCutting = options.isCutting;
+        kept = dropCutBytes(buffer.first(count), isCutting);
         const std::lock_guard guard(m_options);
+        m_options.value.isCutting = isCutting;
         m_options.value.position += static_cast<std::int64_t>(kept);
     }
     return kept;

@@ -49,6 +49,7 @@ private:
         std::int64_t position = 0; ///< bytes delivered since the mark
         std::shared_ptr<std::FILE> file;
         EBomKind bom = EBomKind::None;
+        bool isCutting = false; ///< what comes up to the end of the line stands behind a zero byte
 
         [[nodiscard]] bool isAtEnd() const noexcept { return position >= size; }
     };

@@ -43,6 +43,12 @@ std::string libraryPath(const std::wstring& folder)
     return {name.begin(), name.end()};
 }
 
+/// Entries are UTF-8, so that a program with another kind of name cannot stand in them.
+bool isUtf8(const std::string& text)
+{
+    return text::utf8FromWide(text::wideFromUtf8(text)) == text;
+}
+
 std::wstring linkPath()
 {
     return platform::sendToLinkPath(vars::kProductName, vars::kProductGuid).toStdWString();
@@ -53,7 +59,9 @@ std::wstring linkPath()
 void CShellIntegration::init()
 {
     m_menuTemplate = translatedTemplate();
-    const std::u8string folder = pathFromUtf8(platform::programPath()).parent_path().u8string();
+    // Taken once: a program that is replaced while it runs has another name afterwards.
+    m_programPath = platform::programPath();
+    const std::u8string folder = pathFromUtf8(m_programPath).parent_path().u8string();
     // Without a folder the system would look for the library in its own places.
     if (!folder.empty())
         static_cast<void>(load(text::wideFromUtf8(std::string(folder.begin(), folder.end())).c_str()));
@@ -79,10 +87,12 @@ std::wstring CShellIntegration::englishMenuText() const
 
 err::ResultCode CShellIntegration::createContextMenu()
 {
-    const std::wstring command = platform::shellFileCommand(platform::programPath());
+    const std::wstring command = platform::shellFileCommand(m_programPath);
     m_menuText = menuTextNow();
     if (!m_shellLibrary.isLoaded())
         return err::programError(err::kLibraryNotLoaded);
+    if (!isUtf8(m_programPath))
+        return err::programError(err::kInvalidArgument);
     return toResultCode(m_shellLibrary.createShellContextMenuForUserT(
         kAllFiles, m_menuText.c_str(), command.c_str(), text::wideFromUtf8(vars::kProductGuid).c_str()));
 }
@@ -123,7 +133,9 @@ err::ResultCode CShellIntegration::createSendToLink()
         return {};
     if (!m_shellLibrary.isLoaded())
         return err::programError(err::kLibraryNotLoaded);
-    const std::wstring program = text::wideFromUtf8(platform::programPath());
+    if (!isUtf8(m_programPath))
+        return err::programError(err::kInvalidArgument);
+    const std::wstring program = text::wideFromUtf8(m_programPath);
     return toResultCode(m_shellLibrary.createShellLinkW(
         program.c_str(), text::wideFromUtf8(vars::kProductName).c_str(), link.c_str()));
 }

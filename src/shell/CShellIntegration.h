@@ -27,7 +27,8 @@ public:
     [[nodiscard]] std::wstring menuTextNow() const;
     [[nodiscard]] std::wstring englishMenuText() const;
 
-    /// Without the library {5, 90}; the text counts as the last one created all the same.
+    /// Without the library {5, 90}, for a program whose name is no UTF-8 {5, 5}; the text counts as the last
+    /// one created all the same.
     quillon::err::ResultCode createContextMenu();
 
     /// Takes away the entries under both texts, for files and for folders. Always succeeds.
@@ -46,7 +47,8 @@ public:
 private:
     void removeEntries(const std::wstring& menuText);
 
-    std::wstring m_menuText; ///< as last created
+    std::string m_programPath; ///< UTF-8
+    std::wstring m_menuText;   ///< as last created
     QString m_menuTemplate;
     ShellLibrary m_shellLibrary;
 };

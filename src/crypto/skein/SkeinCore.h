@@ -10,9 +10,8 @@
 ///
 /// For each state size:
 /// - Init starts a message whose digest has `hashBitLen` bits. It sets the whole state, whatever was in it.
-/// - Update absorbs `byteCount` bytes; a null pointer is fine with a count of 0. The last block is always
-/// kept
-///   back, since only Final can mark it as the last.
+/// - Update absorbs `byteCount` bytes; a null pointer is fine with a count of 0. The last block
+///   is always kept back, since only Final can mark it as the last.
 /// - Final writes (hashBitLen + 7) / 8 bytes to `output`. Only Init may follow.
 /// - Block runs `blockCount` whole blocks from `data` through the compression function, each counting as
 ///   `bytesPerBlock` bytes of the message.

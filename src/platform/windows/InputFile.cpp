@@ -60,6 +60,9 @@ err::ResultCode openInputFile(const std::wstring& name, std::unique_ptr<InputFil
                               FILE_ATTRIBUTE_NORMAL | FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
     if (handle.get() == INVALID_HANDLE_VALUE)
         return lastSystemError();
+    // Pipes and devices have no size that a digest could be read to.
+    if (GetFileType(handle.get()) != FILE_TYPE_DISK)
+        return {err::kGroupSystem, ERROR_NOT_SUPPORTED};
     LARGE_INTEGER size{};
     if (GetFileSizeEx(handle.get(), &size) == 0)
         return lastSystemError();

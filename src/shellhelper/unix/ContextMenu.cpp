@@ -89,13 +89,18 @@ std::string scriptName(const std::string& menuText)
     return name;
 }
 
+bool isSecondLine(const std::string& content, const std::string& line)
+{
+    const std::size_t firstEnd = content.find('\n');
+    return firstEnd != std::string::npos && content.compare(firstEnd + 1, line.size(), line) == 0;
+}
+
 bool isOwnScript(const std::filesystem::directory_entry& file, const std::string& id)
 {
     std::error_code error;
     std::string content;
     return file.is_regular_file(error) && file.file_size(error) < kLongestScript &&
-           err::succeeded(readFile(file.path().string(), content)) &&
-           content.find('\n' + scriptMark(id)) != std::string::npos;
+           err::succeeded(readFile(file.path().string(), content)) && isSecondLine(content, scriptMark(id));
 }
 
 /// The names of our scripts in a folder: one, or more where somebody copied it.
@@ -183,25 +188,22 @@ err::ResultCode createUserAction(const Entry& entry)
 {
     const std::string path = userActionsPath();
     std::string text;
-    const err::ResultCode wasRead = readFile(path, text);
-    const bool isMissing = wasRead == systemError(ENOENT);
-    if (!isMissing && !err::succeeded(wasRead))
+    FileState state;
+    if (const err::ResultCode wasRead = readSharedFile(path, text, state); !err::succeeded(wasRead))
         return wasRead;
-    const auto actions = UserActions::read(isMissing ? standardActions() : text, entry.id);
+    const auto actions = UserActions::read(state.exists ? text : standardActions(), entry.id);
     if (!actions)
         return systemError(EILSEQ);
-    const std::string origin = isMissing ? checksum(actions->text()) : originOf(*actions);
-    struct stat status = {};
-    const mode_t mode = stat(path.c_str(), &status) == 0 ? status.st_mode & 07777 : kDataMode;
-    return writeFile(path, actions->withOwn(thunarAction(entry, origin)), mode);
+    const std::string origin = state.exists ? originOf(*actions) : checksum(actions->text());
+    return writeSharedFile(path, actions->withOwn(thunarAction(entry, origin)), state);
 }
 
 /// The user's actions where ours is one of them.
-std::optional<UserActions> actionsWithOwn(const std::string& path, const std::string& id)
+std::optional<UserActions> actionsWithOwn(const std::string& path, const std::string& id, FileState& state)
 {
     std::string text;
     // Nearly always the answer is known without a closer look.
-    if (!err::succeeded(readFile(path, text)) || text.find(id) == std::string::npos)
+    if (!err::succeeded(readSharedFile(path, text, state)) || text.find(id) == std::string::npos)
         return std::nullopt;
     auto actions = UserActions::read(text, id);
     return actions && actions->hasOwn() ? actions : std::nullopt;
@@ -210,15 +212,12 @@ std::optional<UserActions> actionsWithOwn(const std::string& path, const std::st
 err::ResultCode removeUserAction(const std::string& id)
 {
     const std::string path = userActionsPath();
-    const auto actions = actionsWithOwn(path, id);
+    FileState state;
+    const auto actions = actionsWithOwn(path, id, state);
     if (!actions)
         return {};
-    if (originOf(*actions) != kNoOrigin)
-        return removeFile(path);
-    struct stat status = {};
-    if (stat(path.c_str(), &status) != 0)
-        return systemError(errno);
-    return writeFile(path, actions->withoutOwn(), status.st_mode & 07777);
+    return originOf(*actions) != kNoOrigin ? removeSharedFile(path, state)
+                                           : writeSharedFile(path, actions->withoutOwn(), state);
 }
 
 /// Adds up results: the first failure stays. Without any there is nobody to show the entry.
@@ -273,7 +272,9 @@ err::ResultCode contextMenuExists(const NativeText& fileType, const NativeText& 
     const auto hasScript = [&id](const ScriptUser& user) {
         return !ownScripts(scriptFolder(user), id).empty();
     };
-    const bool exists = std::ranges::any_of(kOwnFiles, isThere) || actionsWithOwn(userActionsPath(), id) ||
+    FileState state;
+    const bool exists = std::ranges::any_of(kOwnFiles, isThere) ||
+                        actionsWithOwn(userActionsPath(), id, state) ||
                         std::ranges::any_of(kScriptUsers, hasScript);
     return exists ? err::ResultCode{} : systemError(ENOENT);
 }

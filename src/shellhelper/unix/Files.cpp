@@ -107,16 +107,43 @@ bool isRightAlready(const std::string& path, std::string_view content, mode_t mo
            current == content;
 }
 
-/// Does not wait for the disk: a crash of the machine costs an entry that the next start makes again, and
-/// file systems keep either the old or the new file.
-err::ResultCode replaceFile(const std::filesystem::path& path, std::string_view content, mode_t mode)
+bool isUnchanged(const std::string& path, const FileState& state)
+{
+    struct stat now = {};
+    if (lstat(path.c_str(), &now) != 0)
+        return !state.exists && errno == ENOENT;
+    const struct stat& then = state.status;
+    return state.exists && now.st_dev == then.st_dev && now.st_ino == then.st_ino &&
+           now.st_size == then.st_size && now.st_mtim.tv_sec == then.st_mtim.tv_sec &&
+           now.st_mtim.tv_nsec == then.st_mtim.tv_nsec;
+}
+
+/// The error number for a change of a shared file; 0 where it may be changed.
+int refusal(const FileState& state)
+{
+    if (state.exists && state.status.st_uid != geteuid())
+        return EPERM;
+    return state.exists && (state.status.st_mode & S_IWUSR) == 0 ? EACCES : 0;
+}
+
+/// Puts a new file in the place of `path`. Without `former` it does not wait for the disk: after a crash of
+/// the machine the next start makes the entry again. With it the file must still be as it was.
+err::ResultCode replaceFile(const std::filesystem::path& path, std::string_view content, mode_t mode,
+                            const FileState* former = nullptr)
 {
     std::string beside = (path.parent_path() / ('.' + path.filename().string() + ".XXXXXX")).string();
     Descriptor descriptor(mkostemp(beside.data(), O_CLOEXEC));
     if (descriptor.get() < 0)
         return systemError(errno);
+    const auto isStillThere = [&] {
+        if (former == nullptr || isUnchanged(path.string(), *former))
+            return true;
+        errno = EAGAIN;
+        return false;
+    };
     const bool isWritten = writeAll(descriptor.get(), content) && fchmod(descriptor.get(), mode) == 0 &&
-                           descriptor.close() && rename(beside.c_str(), path.c_str()) == 0;
+                           (former == nullptr || fdatasync(descriptor.get()) == 0) && descriptor.close() &&
+                           isStillThere() && rename(beside.c_str(), path.c_str()) == 0;
     if (isWritten)
         return {};
     const int error = errno;
@@ -183,6 +210,35 @@ err::ResultCode writeFile(const std::string& path, std::string_view content, mod
     const std::filesystem::path target(path);
     std::filesystem::create_directories(target.parent_path(), error);
     return error ? systemError(error.value()) : replaceFile(target, content, mode);
+}
+
+err::ResultCode readSharedFile(const std::string& path, std::string& content, FileState& state)
+{
+    state.exists = lstat(path.c_str(), &state.status) == 0;
+    if (!state.exists)
+        return errno == ENOENT ? err::ResultCode{} : systemError(errno);
+    return S_ISREG(state.status.st_mode) ? readFile(path, content) : systemError(EINVAL);
+}
+
+err::ResultCode writeSharedFile(const std::string& path, std::string_view content, const FileState& state)
+{
+    constexpr mode_t kNewMode = 0644;
+    const mode_t mode = state.exists ? state.status.st_mode & kPermissionBits : kNewMode;
+    if (isRightAlready(path, content, mode))
+        return {};
+    if (const int number = refusal(state); number != 0)
+        return systemError(number);
+    std::error_code error;
+    const std::filesystem::path target(path);
+    std::filesystem::create_directories(target.parent_path(), error);
+    return error ? systemError(error.value()) : replaceFile(target, content, mode, &state);
+}
+
+err::ResultCode removeSharedFile(const std::string& path, const FileState& state)
+{
+    if (const int number = refusal(state); number != 0)
+        return systemError(number);
+    return isUnchanged(path, state) ? removeFile(path) : systemError(EAGAIN);
 }
 
 err::ResultCode removeFile(const std::string& path)

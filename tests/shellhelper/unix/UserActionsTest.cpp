@@ -106,6 +106,18 @@ TEST_F(UserActions, BehindALinkStayThere)
     EXPECT_NE(bytes(real), "<actions/>");
     ASSERT_EQ(remove(), err::ResultCode{});
     EXPECT_EQ(bytes(real), "<actions/>");
+    std::filesystem::remove(real);
+    EXPECT_FALSE(err::succeeded(create()));
+    EXPECT_TRUE(std::filesystem::is_symlink(path(m_actions))) << "a link that leads nowhere";
+}
+
+TEST_F(UserActions, ThatTheirOwnerHasProtectedStayAsTheyAre)
+{
+    install({"thunar"});
+    const std::filesystem::path file = write(m_actions, "<actions/>");
+    std::filesystem::permissions(file, std::filesystem::perms::owner_read);
+    EXPECT_EQ(create(), (err::ResultCode{1, EACCES}));
+    EXPECT_EQ(bytes(file), "<actions/>");
 }
 
 } // namespace
