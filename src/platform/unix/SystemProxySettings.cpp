@@ -49,9 +49,11 @@ std::string findProgram(const std::string& name)
 {
     std::istringstream folders(environmentText("PATH"));
     for (std::string folder; std::getline(folders, folder, ':');) {
-        const std::string path = folder + '/' + name;
-        if (!folder.empty() && access(path.c_str(), X_OK) == 0)
-            return path;
+        if (folder.empty())
+            continue;
+        folder.append("/").append(name);
+        if (access(folder.c_str(), X_OK) == 0)
+            return folder;
     }
     return {};
 }

@@ -120,7 +120,9 @@ err::ResultCode removeScripts(const std::string& folder, const std::string& id, 
 {
     err::ResultCode result;
     for (const std::string& name : ownScripts(folder, id)) {
-        const err::ResultCode removed = name == except ? err::ResultCode{} : removeFile(folder + '/' + name);
+        if (name == except)
+            continue;
+        const err::ResultCode removed = removeFile(std::string(folder).append("/").append(name));
         result = err::succeeded(result) ? removed : result;
     }
     return result;
