@@ -1,7 +1,7 @@
 #include "FuzzInput.h"
 
-#include "file/BomDetection.h"
 #include "file/Utf8FileReader.h"
+#include "io/ByteOrderMark.h"
 
 using namespace quillon;
 
@@ -10,7 +10,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     const std::string_view bytes = fuzz::asText(data, size);
     file::Utf8FileReader reader;
     fuzz::require(err::succeeded(reader.open(fuzz::fileWith(bytes), 0)), "an existing file opens");
-    const auto length = static_cast<std::size_t>(file::bomLength(reader.getBomKind()));
+    const auto length = static_cast<std::size_t>(io::bomLength(reader.getBomKind()));
     std::string joined;
     for (std::string line; reader.readLine(line);)
         joined += line + '\n';

@@ -3,7 +3,6 @@
 #include "err/ResultCode.h"
 #include "io/EBomKind.h"
 
-#include <cstdint>
 #include <string>
 
 namespace quillon::file {
@@ -12,8 +11,5 @@ namespace quillon::file {
 /// empty path, {5, 41} where there is no such file or it is a folder, {5, 42} where it cannot be opened; no
 /// mark then.
 err::ResultCode detectBom(const std::string& path, io::EBomKind& kind);
-
-/// How many bytes the mark has; 0 for none.
-[[nodiscard]] std::int64_t bomLength(io::EBomKind kind) noexcept;
 
 } // namespace quillon::file

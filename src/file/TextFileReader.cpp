@@ -3,6 +3,7 @@
 #include "err/ErrorCodes.h"
 #include "file/BomDetection.h"
 #include "file/OpenChecks.h"
+#include "io/ByteOrderMark.h"
 #include "text/Unicode.h"
 
 #include <string_view>
@@ -117,7 +118,7 @@ err::ResultCode TextFileReader<char>::rewind()
 {
     if (!isOpen())
         return err::programError(err::kStreamNotOpen);
-    return m_bytes.seek(bomLength(m_bom)) ? err::ResultCode{} : err::programError(err::kFileSeekFailed);
+    return m_bytes.seek(io::bomLength(m_bom)) ? err::ResultCode{} : err::programError(err::kFileSeekFailed);
 }
 
 bool TextFileReader<char>::isUtf16() const noexcept

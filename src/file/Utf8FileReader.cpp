@@ -3,6 +3,7 @@
 #include "err/ErrorCodes.h"
 #include "file/BomDetection.h"
 #include "file/OpenChecks.h"
+#include "io/ByteOrderMark.h"
 
 #include <cerrno>
 #include <cstdint>
@@ -72,7 +73,7 @@ err::ResultCode Utf8FileReader::rewind()
 {
     if (!isOpen())
         return err::programError(err::kStreamNotOpen);
-    return m_bytes.seek(bomLength(m_bom)) ? err::ResultCode{} : err::programError(err::kFileSeekFailed);
+    return m_bytes.seek(io::bomLength(m_bom)) ? err::ResultCode{} : err::programError(err::kFileSeekFailed);
 }
 
 } // namespace quillon::file

@@ -1,5 +1,7 @@
 #include "io/IStreamUtf8File.h"
 
+#include "io/ByteOrderMark.h"
+
 #include <algorithm>
 #include <array>
 #include <cerrno>
@@ -20,28 +22,6 @@ constexpr const char* kReadBytesMode = "rb";
 /// Reads below this size go through a buffer of our own, which has room for the terminator.
 constexpr int kLineBufferBytes = 2048;
 
-constexpr int kLongestMarkBytes = 4;
-
-struct Mark
-{
-    EBomKind kind;
-    std::string_view bytes;
-};
-
-constexpr std::array<Mark, 5> kMarks{{
-    {EBomKind::Utf8, {"\xEF\xBB\xBF", 3}},
-    {EBomKind::Utf16BigEndian, {"\xFE\xFF", 2}},
-    {EBomKind::Utf16LittleEndian, {"\xFF\xFE", 2}},
-    {EBomKind::Utf32BigEndian, {"\0\0\xFE\xFF", 4}},
-    {EBomKind::Utf32LittleEndian, {"\xFF\xFE\0\0", 4}},
-}};
-
-std::int64_t markLength(EBomKind kind)
-{
-    const auto* const mark = std::ranges::find(kMarks, kind, &Mark::kind);
-    return mark == kMarks.end() ? 0 : static_cast<std::int64_t>(mark->bytes.size());
-}
-
 /// Measures the file and rewinds it; empty where seeking fails.
 std::optional<std::int64_t> measure(std::FILE* file)
 {
@@ -60,15 +40,15 @@ std::optional<std::int64_t> measure(std::FILE* file)
 /// this.
 std::optional<EBomKind> lookForMark(std::FILE* file, std::int64_t size)
 {
-    const auto width = static_cast<int>(std::min<std::int64_t>(size, kLongestMarkBytes));
+    const auto width = static_cast<int>(std::min(size, std::int64_t{kLongestMarkBytes}));
     if (width < 2)
         return EBomKind::None;
     std::array<char, kLongestMarkBytes> head{};
     if (std::fgets(head.data(), width, file) == nullptr)
         return std::nullopt;
     const std::string_view seen(head.data(), static_cast<std::size_t>(width));
-    const auto* const mark = std::ranges::find(kMarks, seen, &Mark::bytes);
-    return mark == kMarks.end() ? EBomKind::None : mark->kind;
+    const auto* const mark = std::ranges::find(kByteOrderMarks, seen, &ByteOrderMark::bytes);
+    return mark == kByteOrderMarks.end() ? EBomKind::None : mark->kind;
 }
 
 /// Takes one line of at most `limit` bytes into `buffer`, which has room for `count`, and returns how many
@@ -137,7 +117,7 @@ err::ResultCode IStreamUtf8File::openPastMark(const char* fileName)
     const std::optional<EBomKind> mark = lookForMark(file.get(), *size);
     if (!mark)
         return err::programError(err::kFileReadFailed);
-    if (!platform::seekRuntimeFile(file.get(), markLength(*mark)))
+    if (!platform::seekRuntimeFile(file.get(), bomLength(*mark)))
         return err::programError(err::kFileSeekFailed);
     m_options.set({*size, 0, std::move(file), *mark});
     return {};

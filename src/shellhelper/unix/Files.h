@@ -12,8 +12,8 @@
 /// What is written here is small and read by other programs at any time, so every write is atomic.
 namespace quillon::shellhelper {
 
-/// The user's folders of the XDG Base Directory Specification, without a slash at the end. Empty where the
-/// user has no home.
+/// Where the user's programs keep their data and their configuration (freedesktop.org's base directories),
+/// without a slash at the end. Empty where the user has no home.
 [[nodiscard]] std::string dataHome();
 [[nodiscard]] std::string configHome();
 
