@@ -1,7 +1,7 @@
 #include "logger/AllocationCount.h"
 #include "logger/Log.h"
-#include "logger/RecordingAppender.h"
 #include "support/PrintResultCode.h"
+#include "support/RecordingAppender.h"
 
 #include <gtest/gtest.h>
 

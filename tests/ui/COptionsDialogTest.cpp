@@ -1,5 +1,5 @@
+#include "support/UrlDesktop.h"
 #include "ui/COptionsDialogDriver.h"
-#include "ui/Desktop.h"
 
 #include <QCheckBox>
 #include <QHeaderView>
@@ -332,7 +332,7 @@ TEST_F(OptionsDialog, EachProxyModeHasItsFields)
 
 TEST_F(OptionsDialog, LinksOpenTheirAddresses)
 {
-    Desktop desktop;
+    UrlDesktop desktop;
     const QTemporaryDir folder;
     dialog.setLogFilePath(folder.path() + "/a log #1.log");
     dialog.show();
@@ -350,7 +350,7 @@ TEST_F(OptionsDialog, LinksOpenTheirAddresses)
 
 TEST_F(OptionsDialog, TheLogLinkNeedsAFolderThatExists)
 {
-    Desktop desktop;
+    UrlDesktop desktop;
     dialog.onUiViewLogFileClicked("#");
     dialog.setLogFilePath("/no/such/folder/kestrum.log");
     dialog.onUiViewLogFileClicked("#");

@@ -1,6 +1,6 @@
+#include "support/UrlDesktop.h"
 #include "ui/CAboutDialog.h"
 #include "ui/CkeyboardShortcutInfoDialog.h"
-#include "ui/Desktop.h"
 #include "ui/LinkLabel.h"
 #include "ui/PrintQString.h"
 
@@ -74,7 +74,7 @@ TEST(AboutDialog, ALineWithoutAVersionEndsInItsLetter)
 TEST(AboutDialog, LinksOpenTheirAddressesAndLeaveTheDialogOpen)
 {
     const Identity identity("1.2.3.4");
-    Desktop desktop;
+    UrlDesktop desktop;
     CAboutDialog dialog;
     dialog.show();
     for (const char* name : {"labelHomePageUrl", "labelEmailUrl", "labelDonateUrl"}) {

@@ -3,10 +3,10 @@
 #include "web/ConnectionCheck.h"
 
 #include "logger/LogSender.h"
-#include "logger/RecordingAppender.h"
 #include "platform/ProgramPath.h"
 #include "platform/SystemErrorText.h"
 #include "support/PrintResultCode.h"
+#include "support/RecordingAppender.h"
 #include "web/FakeCurl.h"
 
 #include <gtest/gtest.h>

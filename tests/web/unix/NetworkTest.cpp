@@ -1,7 +1,7 @@
 // The check with the real libcurl, a real web server (nginx) and a real proxy (tinyproxy), all on loopback.
 
 #include "logger/LogSender.h"
-#include "logger/RecordingAppender.h"
+#include "support/RecordingAppender.h"
 #include "platform/CurlLibraryPaths.h"
 #include "support/PrintResultCode.h"
 #include "support/TempFolder.h"

@@ -7,17 +7,17 @@
 namespace quillon::tests {
 
 /// Takes what the program gives to the desktop to open.
-class Desktop final : public QObject
+class UrlDesktop final : public QObject
 {
     Q_OBJECT
 
 public:
-    Desktop()
+    UrlDesktop()
     {
         for (const char* scheme : {"file", "https", "mailto"})
             QDesktopServices::setUrlHandler(QString::fromLatin1(scheme), this, "open");
     }
-    ~Desktop() override
+    ~UrlDesktop() override
     {
         for (const char* scheme : {"file", "https", "mailto"})
             QDesktopServices::unsetUrlHandler(QString::fromLatin1(scheme));
