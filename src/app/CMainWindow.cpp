@@ -8,11 +8,10 @@
 #include "logger/Log.h"
 #include "platform/qt/TaskbarProgress.h"
 #include "settings/DefaultHashAlgorithm.h"
+#include "ui/Appearance.h"
 #include "ui/CProgressBarFrame.h"
 #include "ui/CSelectAlgFrame.h"
 #include "ui/CSelectAlgorithmDialog.h"
-#include "ui/Fonts.h"
-#include "ui/Resources.h"
 #include "vars/Product.h"
 
 #include <QApplication>

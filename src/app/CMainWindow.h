@@ -11,9 +11,9 @@
 #include "sync/SafeValue.h"
 #include "thread/IRunnable.h"
 #include "thread/Thread.h"
+#include "ui/AlgorithmList.h"
+#include "ui/FilesDropTarget.h"
 #include "ui/IAppOptionsChanged.h"
-#include "ui/IFilesDragDropEvent.h"
-#include "ui/IHashAlgProvider.h"
 #include "ui/SRemainingTimeEstimator.h"
 
 #include <QMainWindow>

@@ -2,7 +2,7 @@
 #include "app/StartLanguage.h"
 #include "i18n_qt/MyTranslator.h"
 #include "platform/ProgramArguments.h"
-#include "ui/LightPalette.h"
+#include "ui/Appearance.h"
 #include "vars/Product.h"
 
 #include <QApplication>

@@ -2,7 +2,6 @@
 
 #include "ui_CAboutDialog.h"
 
-#include "ui/LinkLabel.h"
 #include "ui/ProductLabels.h"
 
 #include <QCoreApplication>

@@ -4,7 +4,6 @@
 
 #include "logger/LogLevel.h"
 #include "ui/AlgorithmList.h"
-#include "ui/LinkLabel.h"
 #include "ui/ProductLabels.h"
 
 #include <QDesktopServices>

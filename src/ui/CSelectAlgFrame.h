@@ -1,7 +1,7 @@
 #pragma once
 
 #include "crypto/SHashAlgId.h"
-#include "ui/IHashAlgProvider.h"
+#include "ui/AlgorithmList.h"
 
 #include <QFrame>
 

@@ -3,7 +3,7 @@
 #include "crypto/HashCatalogue.h"
 #include "crypto/SHashAlgId.h"
 #include "sync/SafeValue.h"
-#include "ui/IHashAlgProvider.h"
+#include "ui/AlgorithmList.h"
 
 #include <QDialog>
 

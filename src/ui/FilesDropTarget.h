@@ -1,13 +1,25 @@
 #pragma once
 
-#include "ui/IFilesDragDropEvent.h"
-
 #include <QDragEnterEvent>
 #include <QDropEvent>
+#include <QFrame>
+#include <QLineEdit>
+#include <QList>
 #include <QMimeData>
-#include <QWidget>
+#include <QUrl>
 
 #include <cstdint>
+
+/// Receives what the user drops onto a drop target.
+class IFilesDragDropEvent
+{
+public:
+    virtual ~IFilesDragDropEvent() = default;
+
+    /// `id` is that of the drop target, so that one handler can serve several. `urls` may be empty and need
+    /// not be local files. Called on the main thread.
+    virtual void onFilesDropped(std::int32_t id, const QList<QUrl>& urls) = 0;
+};
 
 /// Turns the widget class `Base` into a drop target for URLs. What `Base` itself does with drops is switched
 /// off, so that a text field never inserts what was dropped as text.
@@ -50,4 +62,22 @@ protected:
 private:
     std::int32_t m_dropId = 0;
     IFilesDragDropEvent* m_dropHandler = nullptr;
+};
+
+/// A frame onto which files can be dropped, also onto those of its children that refuse them.
+class CDragDropFrame final : public FilesDropTarget<QFrame>
+{
+    Q_OBJECT
+
+public:
+    using FilesDropTarget::FilesDropTarget;
+};
+
+/// An edit field for a file name onto which files can be dropped.
+class CLineEditForFile final : public FilesDropTarget<QLineEdit>
+{
+    Q_OBJECT
+
+public:
+    using FilesDropTarget::FilesDropTarget;
 };

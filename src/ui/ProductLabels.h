@@ -1,10 +1,17 @@
 #pragma once
 
-#include "ui/LinkLabel.h"
 #include "vars/Product.h"
 
 #include <QCoreApplication>
 #include <QLabel>
+#include <QString>
+
+/// The rich text of a label that shows `text` as a link to `address`, blue and underlined. Both stand in it
+/// as they are, so neither may hold characters that HTML gives a meaning to.
+[[nodiscard]] QString makeLinkLabelText(const QString& text, const QString& address);
+
+/// The address that opens the mail program with a message to support about this program.
+[[nodiscard]] QString supportMailAddress();
 
 /// Writes what needs no translation into the product labels of `form`, which is the form of a dialog that
 /// shows them: version, copyright and the three links.

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "crypto/HashCatalogue.h"
-#include "ui/IHashAlgProvider.h"
+#include "ui/AlgorithmList.h"
 #include "ui/PrintQString.h"
 
 #include <algorithm>

@@ -1,7 +1,6 @@
-#include "ui_CMainWindow.h"
+#include "ui/FilesDropTarget.h"
 
-#include "ui/CDragDropFrame.h"
-#include "ui/CLineEditForFile.h"
+#include "ui_CMainWindow.h"
 
 #include <QApplication>
 #include <QMimeData>

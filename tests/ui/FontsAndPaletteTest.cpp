@@ -1,5 +1,4 @@
-#include "ui/Fonts.h"
-#include "ui/LightPalette.h"
+#include "ui/Appearance.h"
 
 #include <QApplication>
 #include <QPalette>

@@ -1,8 +1,8 @@
 #include "support/UrlDesktop.h"
 #include "ui/CAboutDialog.h"
 #include "ui/CkeyboardShortcutInfoDialog.h"
-#include "ui/LinkLabel.h"
 #include "ui/PrintQString.h"
+#include "ui/ProductLabels.h"
 
 #include <QCoreApplication>
 #include <QLabel>

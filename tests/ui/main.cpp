@@ -1,4 +1,4 @@
-#include "ui/Resources.h"
+#include "ui/Appearance.h"
 
 #include <QApplication>
 

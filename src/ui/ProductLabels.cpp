@@ -1,4 +1,4 @@
-#include "ui/LinkLabel.h"
+#include "ui/ProductLabels.h"
 
 #include "vars/Product.h"
 
