@@ -1,5 +1,6 @@
 #include "crypto/VectorFile.h"
 
+#include "support/Bytes.h"
 #include "text/AsciiText.h"
 
 #include <algorithm>
@@ -10,31 +11,6 @@
 
 namespace quillon::tests {
 namespace {
-
-constexpr std::size_t kPatternPeriod = 251;
-
-std::string bytesFromHex(std::string_view hex)
-{
-    if (hex.size() % 2 != 0)
-        throw std::runtime_error("half a byte");
-    std::string bytes;
-    for (std::size_t i = 0; i < hex.size(); i += 2) {
-        const int high = text::hexDigitValue(hex[i]);
-        const int low = text::hexDigitValue(hex[i + 1]);
-        if (high < 0 || low < 0)
-            throw std::runtime_error("not hexadecimal");
-        bytes += static_cast<char>(high * 16 + low);
-    }
-    return bytes;
-}
-
-std::string patternBytes(std::size_t count)
-{
-    std::string bytes(count, '\0');
-    for (std::size_t i = 0; i < count; ++i)
-        bytes[i] = static_cast<char>(i % kPatternPeriod);
-    return bytes;
-}
 
 std::string repeatedByte(const std::string& value)
 {

@@ -7,6 +7,7 @@
 #include "crypto/cryptopp/CSymmetricDecryptorEngine.h"
 #include "crypto/cryptopp/CSymmetricEncryptorEngine.h"
 #include "io/IOStream.h"
+#include "support/Bytes.h"
 
 #include <gtest/gtest.h>
 
@@ -73,15 +74,6 @@ Passed passed(const std::string& bytes, const char* password = "qkz", const std:
         pass(cipher, nullptr, &input, &output, password, 23U, iv, bufferBytes, kNever);
     EXPECT_FALSE(cipher.isRunning());
     return {result, output.bytes};
-}
-
-/// `count` bytes, byte i being i mod 251.
-inline std::string pattern(std::size_t count)
-{
-    std::string bytes(count, '\0');
-    for (std::size_t i = 0; i < count; ++i)
-        bytes[i] = static_cast<char>(i % 251);
-    return bytes;
 }
 
 } // namespace quillon::tests

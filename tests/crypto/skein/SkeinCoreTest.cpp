@@ -102,58 +102,6 @@ TYPED_TEST(SkeinCore, InitGivesTheStartOfAMessageForAnyOutputLength)
     }
 }
 
-TYPED_TEST(SkeinCore, AFullBlockStaysInTheBufferUntilMoreComes)
-{
-    constexpr std::uint64_t blockBytes = TestFixture::kBlockBytes;
-    const auto data = this->message(blockBytes + 1);
-    typename TypeParam::State state;
-    TypeParam::init(state, 256);
-    TypeParam::update(state, data.data(), blockBytes);
-    EXPECT_EQ(state.bufferedBytes, blockBytes);
-    EXPECT_EQ(state.tweak, (std::array<std::uint64_t, 2>{0, 0x7000000000000000}));
-
-    TypeParam::update(state, data.data() + blockBytes, 1);
-    EXPECT_EQ(state.bufferedBytes, 1U);
-    EXPECT_EQ(state.tweak, (std::array<std::uint64_t, 2>{blockBytes, 0x3000000000000000}));
-}
-
-TYPED_TEST(SkeinCore, ABlockAndAByteInOneCallLeaveTheByte)
-{
-    constexpr std::uint64_t blockBytes = TestFixture::kBlockBytes;
-    const auto data = this->message(blockBytes + 1);
-    typename TypeParam::State state;
-    TypeParam::init(state, 256);
-    TypeParam::update(state, data.data(), blockBytes + 1);
-    EXPECT_EQ(state.bufferedBytes, 1U);
-    EXPECT_EQ(state.buffer[0], data[blockBytes]);
-    EXPECT_EQ(state.tweak[0], blockBytes);
-}
-
-TYPED_TEST(SkeinCore, NoDataAtANullPointerChangesNothing)
-{
-    typename TypeParam::State state;
-    TypeParam::init(state, 256);
-    const auto chain = state.chain;
-    EXPECT_EQ(TypeParam::update(state, nullptr, 0), 0U);
-    EXPECT_EQ(state.bufferedBytes, 0U);
-    EXPECT_EQ(state.chain, chain);
-}
-
-TYPED_TEST(SkeinCore, BlocksInOneCallEqualBlocksOneByOne)
-{
-    constexpr std::size_t blockBytes = TestFixture::kBlockBytes;
-    const auto data = this->message(5 * blockBytes + 3);
-    typename TypeParam::State together;
-    TypeParam::init(together, 256);
-    typename TypeParam::State apart = together;
-    const unsigned char* const unaligned = data.data() + 3;
-    TypeParam::block(together, unaligned, 5, blockBytes);
-    for (std::size_t i = 0; i < 5; ++i)
-        TypeParam::block(apart, unaligned + i * blockBytes, 1, blockBytes);
-    EXPECT_EQ(together.chain, apart.chain);
-    EXPECT_EQ(together.tweak, apart.tweak);
-}
-
 TYPED_TEST(SkeinCore, AnOutputOfSeveralBlocksIsCountedBlocksOfOneChainingValue)
 {
     constexpr std::size_t blockBytes = TestFixture::kBlockBytes;
