@@ -86,18 +86,11 @@ class HeadlessRun(DesktopTest):
 
 
 class Refusals(unittest.TestCase):
-    """What the start script refuses before it installs or builds anything."""
-
-    def check(self, arguments, message):
-        answer = subprocess.run([RUN, *arguments], env={"PATH": os.environ["PATH"]}, capture_output=True,
-                                timeout=LIMIT_S, check=False)
-        self.assertEqual((answer.returncode, answer.stdout, answer.stderr.decode()), (1, b"", message + "\n"))
-
-    def test_a_missing_file_is_named(self):
-        self.check(["-missing file"], "-missing file: no such file")
-
-    def test_a_folder_is_not_a_file(self):
-        self.check(["/"], "/: not a file")
-
-    def test_without_a_display_a_file_is_asked_for(self):
-        self.check([], "There is no display here. Name a file to have it digested in a window on a virtual one.")
+    def test_the_start_script_refuses_before_it_installs_or_builds_anything(self):
+        no_display = "There is no display here. Name a file to have it digested in a window on a virtual one."
+        for arguments, message in ((["-missing file"], "-missing file: no such file"), (["/"], "/: not a file"),
+                                   ([], no_display)):
+            with self.subTest(arguments):
+                answer = subprocess.run([RUN, *arguments], env={"PATH": os.environ["PATH"]}, capture_output=True,
+                                        timeout=LIMIT_S, check=False)
+                self.assertEqual((answer.returncode, answer.stdout, answer.stderr.decode()), (1, b"", message + "\n"))
