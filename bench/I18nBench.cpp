@@ -5,9 +5,9 @@
 // on the same keys. The kinds take turns, and what is printed are the medians of the rounds and of their
 // ratios.
 
-#include "i18n/LocaleResLoaderFactory.h"
+#include "i18n/LocaleResLoader.h"
 #include "i18n/StrBundleTrMgr.h"
-#include "i18n/TranslationListLoaderFactory.h"
+#include "i18n/TranslationListLoaderXml.h"
 
 #include <algorithm>
 #include <array>

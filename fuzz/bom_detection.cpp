@@ -1,6 +1,6 @@
 #include "FuzzInput.h"
 
-#include "file/BomDetection.h"
+#include "file/FileBytes.h"
 #include "io/ByteOrderMark.h"
 
 using namespace quillon;

@@ -1,6 +1,6 @@
 #include "FuzzInput.h"
 
-#include "err/ErrorCodes.h"
+#include "err/ResultCode.h"
 #include "file/Words.h"
 #include "i18n/TranslationListLoaderXml.h"
 

@@ -1,14 +1,11 @@
 #pragma once
 
 #include "callback/CallbackHolder.h"
-#include "i18n/ILocaleCallback.h"
-#include "i18n/ILocaleProvider.h"
 #include "i18n/IStrBundle.h"
-#include "i18n/ITranslationListProvider.h"
 #include "i18n/Locale.h"
+#include "i18n/Translation.h"
 #include "sync/Locker.h"
 #include "sync/SafeData.h"
-#include "sync/SafeValue.h"
 #include "web/NetProxy.h"
 
 #include <QString>

@@ -2,7 +2,7 @@
 
 #include "app/CBaseApp.h"
 #include "i18n/StrBundleTrMgr.h"
-#include "settings/AppSettings.h"
+#include "settings/CAppSettings.h"
 #include "settings/SettingsKeys.h"
 #include "text/AsciiText.h"
 

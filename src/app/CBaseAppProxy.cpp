@@ -1,7 +1,7 @@
 // How the proxy is read and stored.
 
 #include "app/CBaseApp.h"
-#include "settings/AppSettings.h"
+#include "settings/CAppSettings.h"
 #include "settings/SettingsKeys.h"
 
 #include <algorithm>

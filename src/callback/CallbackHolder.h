@@ -1,8 +1,6 @@
 #pragma once
 
-#include "callback/ICallbackCollection.h"
-#include "callback/ICallbackHandler.h"
-#include "err/ErrorCodes.h"
+#include "err/ResultCode.h"
 
 #include <algorithm>
 #include <memory>
@@ -10,6 +8,45 @@
 #include <vector>
 
 namespace quillon::callback {
+
+/// One listener to messages of the type `Tuple`.
+template <class Tuple>
+class ICallback
+{
+public:
+    virtual ~ICallback() = default;
+
+    /// Takes a message, on the thread that delivers it and with no lock of the set held.
+    virtual void onCallback(const Tuple& tuple) = 0;
+};
+
+/// The side of a set of listeners that delivers messages.
+template <class Tuple>
+class ICallbackHandler
+{
+public:
+    virtual ~ICallbackHandler() = default;
+
+    /// Hands `tuple` to every listener but `source`, in the order of adding. `source` lets a listener tell
+    /// all the others; it may be null, and then nobody is left out.
+    virtual void handleCallback(ICallback<Tuple>* source, const Tuple& tuple) = 0;
+};
+
+/// The side of a set of listeners where they register. The set does not own them.
+template <class Tuple>
+class ICallbackCollection
+{
+public:
+    virtual ~ICallbackCollection() = default;
+
+    /// Appends a listener; one that is registered already stays where it is. {5, 6} for a null pointer.
+    virtual err::ResultCode addCallback(ICallback<Tuple>* callback) = 0;
+
+    /// Takes a listener out; one that is not registered is no failure. {5, 6} for a null pointer.
+    virtual err::ResultCode removeCallback(ICallback<Tuple>* callback) = 0;
+
+    virtual err::ResultCode clearCallbacks() = 0;
+};
 
 /// A set of listeners. Any thread may call any operation; listeners run outside the lock, so that one may add
 /// and remove listeners, itself included, which counts from the next delivery on. A listener that another

@@ -5,7 +5,6 @@
 #include "crypto/IHashCallback.h"
 #include "crypto/IHashEngine.h"
 #include "sync/SafeData.h"
-#include "sync/SafeValue.h"
 
 #include <cstddef>
 #include <cstdint>

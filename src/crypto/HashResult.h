@@ -1,6 +1,5 @@
 #pragma once
 
-#include "err/ErrorCodes.h"
 #include "err/ResultCode.h"
 
 namespace quillon::crypto {

@@ -3,7 +3,6 @@
 #include "crypto/HashResult.h"
 #include "crypto/IHashCallback.h"
 #include "io/IIStream.h"
-#include "io/IOStream.h"
 
 #include <cstdint>
 #include <vector>

@@ -1,7 +1,8 @@
 #pragma once
 
 #include "err/ResultCode.h"
-#include "io/EBomKind.h"
+#include "io/ByteOrderMark.h"
+#include "platform/FilePaths.h"
 
 #include <string>
 
@@ -51,3 +52,19 @@ public:
 };
 
 } // namespace quillon::file
+
+namespace quillon::file::internal {
+
+/// What every reader refuses before it opens a file.
+inline err::ResultCode checkOpen(const ITextFileReader<char>& reader, const std::string& path)
+{
+    if (reader.isOpen())
+        return err::programError(err::kReaderAlreadyOpen);
+    if (path.empty())
+        return err::programError(err::kPathEmpty);
+    if (!platform::isPlainFile(path))
+        return err::programError(err::kFileNotFound);
+    return {};
+}
+
+} // namespace quillon::file::internal

@@ -1,8 +1,8 @@
 #include "file/TextFileReader.h"
 
-#include "err/ErrorCodes.h"
-#include "file/BomDetection.h"
-#include "file/OpenChecks.h"
+#include "err/ResultCode.h"
+#include "file/FileBytes.h"
+#include "file/ITextFileReader.h"
 #include "io/ByteOrderMark.h"
 #include "text/Unicode.h"
 

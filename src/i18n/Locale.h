@@ -1,8 +1,11 @@
 #pragma once
 
+#include "callback/CallbackHolder.h"
+
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <tuple>
 
 namespace quillon::i18n {
 namespace internal {
@@ -41,3 +44,38 @@ bool findLocale(internal::Locale<char>& out, std::uint32_t id);
 bool findLocale(internal::Locale<wchar_t>& out, std::uint32_t id);
 
 } // namespace quillon::i18n
+
+namespace quillon::i18n::internal {
+
+/// What a change of locale carries: language code, country code, and a value that its sender chooses.
+template <class Char>
+using LocaleTuple = std::tuple<std::basic_string<Char>, std::basic_string<Char>, long>;
+
+/// Hears of a change of locale.
+template <class Char>
+class ILocaleCallback : public callback::ICallback<LocaleTuple<Char>>
+{
+public:
+    using Text = std::basic_string<Char>;
+
+    void onCallback(const LocaleTuple<Char>& tuple) override
+    {
+        const auto& [language, country, id] = tuple;
+        onLocaleChanged(language, country, id);
+    }
+
+    /// `country` may be empty where the language alone is known.
+    virtual void onLocaleChanged(const Text& language, const Text& country, long id) = 0;
+};
+
+/// Tells the current locale. Any thread may ask.
+template <class Char>
+class ILocaleProvider
+{
+public:
+    virtual ~ILocaleProvider() = default;
+
+    virtual void getLocale(Locale<Char>& out) const = 0;
+};
+
+} // namespace quillon::i18n::internal

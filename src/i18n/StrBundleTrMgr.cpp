@@ -1,10 +1,10 @@
 #include "i18n/StrBundleTrMgr.h"
 
-#include "err/ErrorCodes.h"
+#include "err/ResultCode.h"
 #include "file/Paths.h"
 #include "i18n/Locale.h"
-#include "i18n/LocaleResLoaderFactory.h"
-#include "i18n/TranslationListLoaderFactory.h"
+#include "i18n/LocaleResLoader.h"
+#include "i18n/TranslationListLoaderXml.h"
 #include "platform/FilePaths.h"
 #include "platform/ProgramPath.h"
 #include "text/AsciiText.h"

@@ -1,18 +1,50 @@
 #pragma once
 
-#include "i18n/ILocaleResLoader.h"
 #include "i18n/IStrBundle.h"
-#include "i18n/ITranslationListLoader.h"
-#include "i18n/ITranslationListProvider.h"
-#include "i18n/ItemNameCmp.h"
+#include "i18n/LocaleResLoader.h"
+#include "i18n/Translation.h"
 #include "sync/SafeData.h"
+#include "text/AsciiText.h"
 
+#include <algorithm>
 #include <map>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace quillon::i18n::internal {
+
+/// Orders names by their bytes, the letters A to Z taken as their small forms. A null text comes before all
+/// others. Maps with this order can be searched without making a std::string.
+struct ItemNameCmp
+{
+    using is_transparent = void;
+
+    [[nodiscard]] constexpr bool operator()(std::string_view a, std::string_view b) const noexcept
+    {
+        if (a.data() == nullptr || b.data() == nullptr)
+            return a.data() == nullptr && b.data() != nullptr;
+        const auto [restOfA, restOfB] = std::ranges::mismatch(a, b, {}, lowerByte, lowerByte);
+        return restOfB != b.end() && (restOfA == a.end() || lowerByte(*restOfA) < lowerByte(*restOfB));
+    }
+
+    [[nodiscard]] constexpr bool operator()(const char* a, const char* b) const noexcept
+    {
+        return (*this)(viewOf(a), viewOf(b));
+    }
+
+private:
+    static constexpr unsigned char lowerByte(char c) noexcept
+    {
+        return static_cast<unsigned char>(text::toAsciiLower(c));
+    }
+
+    static constexpr std::string_view viewOf(const char* text) noexcept
+    {
+        return text == nullptr ? std::string_view() : std::string_view(text);
+    }
+};
 
 /// The folder beside the running program that holds its translations.
 [[nodiscard]] std::string languagesFolder();

@@ -1,6 +1,6 @@
 #include "i18n/TranslationListLoaderXml.h"
 
-#include "err/ErrorCodes.h"
+#include "err/ResultCode.h"
 #include "file/Utf8FileReader.h"
 #include "file/Words.h"
 #include "text/AsciiText.h"

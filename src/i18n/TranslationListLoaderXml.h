@@ -1,6 +1,9 @@
 #pragma once
 
-#include "i18n/ITranslationListLoader.h"
+#include "err/ResultCode.h"
+#include "i18n/Translation.h"
+
+#include <memory>
 
 namespace quillon::i18n::internal {
 
@@ -24,6 +27,23 @@ private:
     err::ResultCode parse(std::string text);
 
     std::vector<Translation<char>> m_list;
+};
+
+template <class Char>
+class TranslationListLoaderFactory;
+
+/// Makes loaders of XML lists.
+template <>
+class TranslationListLoaderFactory<char> final : public ITranslationListLoaderFactory<char>
+{
+public:
+    err::ResultCode create(ITranslationListLoader<char>** out) override
+    {
+        if (out == nullptr)
+            return err::programError(err::kNullPointer);
+        *out = std::make_unique<TranslationListLoaderXml<char>>().release();
+        return {};
+    }
 };
 
 } // namespace quillon::i18n::internal

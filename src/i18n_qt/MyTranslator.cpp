@@ -4,6 +4,16 @@
 
 #include <string>
 
+namespace quillon {
+
+QString AppTranslator::translate(const char* context, const char* sourceText, const char* disambiguation,
+                                 int n) const
+{
+    return QTranslator::translate(context, sourceText, disambiguation, n);
+}
+
+} // namespace quillon
+
 QString MyTranslator::translate(const char* context, const char* sourceText, const char* /*disambiguation*/,
                                 int /*n*/) const
 {

@@ -1,6 +1,23 @@
 #pragma once
 
-#include "i18n_qt/AppTranslator.h"
+#include <QTranslator>
+
+namespace quillon {
+
+/// The base of a product's translator: as a QTranslator without files, it finds nothing by itself.
+class AppTranslator : public QTranslator
+{
+public:
+    using QTranslator::QTranslator;
+
+    /// Never empty, as the texts may come from elsewhere than from Qt's own files.
+    [[nodiscard]] bool isEmpty() const override { return false; }
+
+    [[nodiscard]] QString translate(const char* context, const char* sourceText,
+                                    const char* disambiguation = nullptr, int n = -1) const override;
+};
+
+} // namespace quillon
 
 /// Answers Qt from the program's bundle of texts, so that Qt's own texts too come from the translation files
 /// and change with the language that is loaded. Installed once; a change of language needs no new translator.

@@ -1,13 +1,22 @@
 #pragma once
 
-#include "io/EBomKind.h"
-
 #include <algorithm>
 #include <array>
 #include <cstdint>
 #include <string_view>
 
 namespace quillon::io {
+
+/// The byte order mark at the head of a text file, and the encoding that it stands for.
+enum class EBomKind : std::int32_t
+{
+    None = 0,
+    Utf8 = 1,
+    Utf16BigEndian = 20,
+    Utf16LittleEndian = 21,
+    Utf32BigEndian = 40,
+    Utf32LittleEndian = 41,
+};
 
 /// A kind of mark and the bytes that it consists of.
 struct ByteOrderMark

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "io/EBomKind.h"
+#include "io/ByteOrderMark.h"
 #include "io/IIStream.h"
 #include "io/StreamError.h"
 #include "platform/RuntimeFile.h"

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "err/ErrorCodes.h"
 #include "err/ResultCode.h"
 #include "sync/SafeData.h"
 

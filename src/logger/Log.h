@@ -1,7 +1,5 @@
 #pragma once
 
-#include "logger/LogLevel.h"
-#include "logger/LogManipulators.h"
 #include "logger/LogRec.h"
 #include "logger/LogSender.h"
 

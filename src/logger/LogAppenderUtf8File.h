@@ -1,19 +1,66 @@
 #pragma once
 
 #include "err/ResultCode.h"
-#include "logger/LogAppender.h"
+#include "logger/LogAppenders.h"
 #include "logger/LogFile.h"
 #include "logger/LogLine.h"
-#include "logger/ManualResetEvent.h"
 #include "sync/Locker.h"
 #include "sync/SafeData.h"
-#include "sync/SafeValue.h"
-#include "thread/IRunnable.h"
+#include "thread/IThread.h"
 #include "thread/Thread.h"
 
+#include <chrono>
+#include <condition_variable>
 #include <cstdint>
+#include <mutex>
 #include <string>
 #include <vector>
+
+namespace quillon::logger::internal {
+
+/// Replaces `out` by the text of `line` as it stands in a log file, without a line feed at its end:
+///
+///     [2026.11.14 11:17:12:123] [ERROR] [04212] [04932] [mainwindow] Failed to create file logger.
+///
+/// The time falls away where it is 0. Category and message are written as they are, line feeds included.
+void formatLine(std::string& out, const LogLine<char>& line);
+
+/// A signal that stays set until it is reset. Any thread may call any operation.
+class ManualResetEvent
+{
+public:
+    void set()
+    {
+        {
+            const std::lock_guard guard(m_mutex);
+            // Whoever waits was woken already; another wake-up would be a system call for nothing.
+            if (m_isSet)
+                return;
+            m_isSet = true;
+        }
+        m_changed.notify_all();
+    }
+
+    void reset()
+    {
+        const std::lock_guard guard(m_mutex);
+        m_isSet = false;
+    }
+
+    /// Returns once the event is set, and after `limit` at the latest.
+    void waitFor(std::chrono::milliseconds limit)
+    {
+        std::unique_lock guard(m_mutex);
+        m_changed.wait_for(guard, limit, [this] { return m_isSet; });
+    }
+
+private:
+    std::mutex m_mutex;
+    std::condition_variable m_changed;
+    bool m_isSet = false;
+};
+
+} // namespace quillon::logger::internal
 
 namespace quillon::logger {
 

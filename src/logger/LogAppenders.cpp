@@ -1,6 +1,6 @@
 #include "logger/LogAppenders.h"
 
-#include "err/ErrorCodes.h"
+#include "err/ResultCode.h"
 
 #include <algorithm>
 #include <chrono>

@@ -1,6 +1,6 @@
 #include "logger/LogFile.h"
 
-#include "logger/LogLineFormat.h"
+#include "logger/LogAppenderUtf8File.h"
 #include "platform/Folders.h"
 
 #include <algorithm>

@@ -1,7 +1,10 @@
 #pragma once
 
-#include "logger/ILogSenderBase.h"
 #include "logger/LogAppenders.h"
+#include "logger/LogLine.h"
+#include "logger/LogRec.h"
+
+#include <string>
 
 namespace quillon::logger {
 namespace internal {

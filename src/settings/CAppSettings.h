@@ -1,6 +1,31 @@
 #pragma once
 
-#include "settings/AppSettings.h"
+#include <QSettings>
+
+namespace quillon::platform {
+struct SettingsStore;
+} // namespace quillon::platform
+
+namespace quillon {
+
+/// The persistent key and value store of one product of this user. Made at the point of use and dropped at
+/// the end of the scope, so that every read sees the store as it is; writes reach it on destruction at the
+/// latest. Used on the thread that made it.
+class AppSettings : public QSettings
+{
+public:
+    /// Opens the store of `productId`, an id of the product table.
+    explicit AppSettings(int productId);
+
+    [[nodiscard]] int productId() const noexcept { return m_productId; }
+
+private:
+    AppSettings(int productId, const platform::SettingsStore& store);
+
+    int m_productId;
+};
+
+} // namespace quillon
 
 /// The settings store of this program.
 class CAppSettings : public quillon::AppSettings

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "err/CErrMsgBuilder.h"
+#include "err/ErrorText.h"
 
 #include <cstdint>
 #include <string>

@@ -1,6 +1,6 @@
 #include "shellhelper/QxShellHelper.h"
 
-#include "err/ErrorCodes.h"
+#include "err/ResultCode.h"
 #include "shellhelper/DesktopShell.h"
 
 #include <algorithm>

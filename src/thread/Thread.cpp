@@ -1,6 +1,6 @@
 #include "thread/Thread.h"
 
-#include "err/ErrorCodes.h"
+#include "err/ResultCode.h"
 
 #include <chrono>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "sync/SafeValue.h"
+#include "sync/SafeData.h"
 #include "thread/IThread.h"
 
 #include <atomic>

@@ -2,7 +2,7 @@
 
 #include "ui_COptionsDialog.h"
 
-#include "logger/LogLevel.h"
+#include "logger/LogLine.h"
 #include "ui/AlgorithmList.h"
 #include "ui/ProductLabels.h"
 

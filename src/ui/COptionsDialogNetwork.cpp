@@ -1,7 +1,7 @@
 #include "ui_COptionsDialog.h"
 
-#include "err/ErrorCodes.h"
 #include "err/ErrorText.h"
+#include "err/ResultCode.h"
 #include "platform/SystemProxySettings.h"
 #include "ui/COptionsDialog.h"
 

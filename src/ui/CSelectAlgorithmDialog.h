@@ -2,7 +2,7 @@
 
 #include "crypto/HashCatalogue.h"
 #include "crypto/SHashAlgId.h"
-#include "sync/SafeValue.h"
+#include "sync/SafeData.h"
 #include "ui/AlgorithmList.h"
 
 #include <QDialog>

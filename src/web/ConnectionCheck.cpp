@@ -1,7 +1,7 @@
 #include "web/ConnectionCheck.h"
 
-#include "err/ErrorCodes.h"
 #include "err/ErrorText.h"
+#include "err/ResultCode.h"
 #include "logger/Log.h"
 #include "platform/CurlLibraryPaths.h"
 #include "vars/Product.h"

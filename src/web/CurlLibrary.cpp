@@ -1,6 +1,6 @@
 #include "web/CurlLibrary.h"
 
-#include "err/ErrorCodes.h"
+#include "err/ResultCode.h"
 
 #include <utility>
 

@@ -1,6 +1,6 @@
 #include "web/CurlRequest.h"
 
-#include "err/ErrorCodes.h"
+#include "err/ResultCode.h"
 #include "platform/BrokenPipeSignal.h"
 #include "vars/Product.h"
 

@@ -4,7 +4,6 @@
 #include "platform/Socket.h"
 #include "sync/Locker.h"
 #include "sync/SafeData.h"
-#include "sync/SafeValue.h"
 #include "web/CurlLibrary.h"
 #include "web/NetProxy.h"
 

@@ -3,7 +3,7 @@
 #include "platform/SystemProxy.h"
 #include "text/Unicode.h"
 #include "vars/Product.h"
-#include "web/ProxyString.h"
+#include "web/NetProxy.h"
 
 namespace quillon::web {
 namespace {

@@ -1,5 +1,4 @@
-#include "file/BomDetection.h"
-
+#include "file/FileBytes.h"
 #include "support/PrintResultCode.h"
 #include "support/TempFolder.h"
 

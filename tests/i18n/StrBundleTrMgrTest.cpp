@@ -1,7 +1,7 @@
 #include "i18n/StrBundleTrMgr.h"
 
-#include "i18n/LocaleResLoaderFactory.h"
-#include "i18n/TranslationListLoaderFactory.h"
+#include "i18n/LocaleResLoader.h"
+#include "i18n/TranslationListLoaderXml.h"
 #include "support/PrintResultCode.h"
 #include "support/TempFolder.h"
 

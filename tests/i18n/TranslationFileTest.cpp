@@ -1,4 +1,4 @@
-#include "i18n/LocaleResLoaderFactory.h"
+#include "i18n/LocaleResLoader.h"
 #include "support/PrintResultCode.h"
 #include "support/TempFolder.h"
 

@@ -1,4 +1,5 @@
-#include "i18n/TranslationListLoaderFactory.h"
+#include "i18n/TranslationListLoaderXml.h"
+
 #include "support/PrintResultCode.h"
 #include "support/TempFolder.h"
 

@@ -1,5 +1,4 @@
 #include "io/IStreamBytes.h"
-#include "io/OStreamBytes.h"
 #include "support/PrintResultCode.h"
 
 #include <gtest/gtest.h>

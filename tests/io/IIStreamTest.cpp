@@ -4,7 +4,6 @@
 
 #include "io/IStreamBytes.h"
 #include "io/IStreamFile.h"
-#include "io/IStreamHexText.h"
 #include "io/IStreamText.h"
 #include "io/IStreamUtf8File.h"
 #include "support/PrintResultCode.h"

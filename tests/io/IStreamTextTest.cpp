@@ -1,6 +1,5 @@
 #include "io/IStreamText.h"
 
-#include "io/IStreamHexText.h"
 #include "support/PrintResultCode.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "logger/LogLineFormat.h"
+#include "logger/LogAppenderUtf8File.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,5 @@
 #include "logger/LogRec.h"
 
-#include "logger/LogManipulators.h"
 #include "platform/LocalTime.h"
 #include "platform/ProcessIds.h"
 

@@ -1,6 +1,6 @@
 #include "shell/CShellIntegration.h"
 
-#include "err/ErrorCodes.h"
+#include "err/ResultCode.h"
 #include "platform/ProgramPath.h"
 #include "platform/ShellCommand.h"
 #include "platform/qt/SendToLink.h"

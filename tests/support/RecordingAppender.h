@@ -1,6 +1,6 @@
 #pragma once
 
-#include "logger/LogAppender.h"
+#include "logger/LogAppenders.h"
 #include "logger/LogLine.h"
 
 #include <functional>

@@ -1,6 +1,5 @@
 #include "sync/Locker.h"
 #include "sync/SafeData.h"
-#include "sync/SafeValue.h"
 
 #include <gtest/gtest.h>
 

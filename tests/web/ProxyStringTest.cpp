@@ -1,6 +1,5 @@
-#include "web/ProxyString.h"
-
 #include "text/Unicode.h"
+#include "web/NetProxy.h"
 
 #include <gtest/gtest.h>
 

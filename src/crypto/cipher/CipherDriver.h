@@ -4,8 +4,7 @@
 #include "crypto/IHashCallback.h"
 #include "crypto/ISymmetricEngine.h"
 #include "io/IIStream.h"
-#include "io/IOStream.h"
-#include "sync/SafeValue.h"
+#include "sync/SafeData.h"
 
 #include <cstdint>
 #include <vector>

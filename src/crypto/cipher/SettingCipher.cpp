@@ -6,8 +6,7 @@
 #include "crypto/cryptopp/CSymmetricDecryptorEngine.h"
 #include "crypto/cryptopp/CSymmetricEncryptorEngine.h"
 #include "io/IStreamBytes.h"
-#include "io/IStreamHexText.h"
-#include "io/OStreamBytes.h"
+#include "io/IStreamText.h"
 #include "text/AsciiText.h"
 
 #include <algorithm>

@@ -2,7 +2,7 @@
 
 #include "crypto/HashCatalogue.h"
 #include "crypto/ISymmetricEngine.h"
-#include "sync/SafeValue.h"
+#include "sync/SafeData.h"
 
 #include <concepts>
 #include <cstddef>

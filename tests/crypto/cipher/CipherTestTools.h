@@ -6,7 +6,7 @@
 #include "crypto/cipher/CSymmetricEncryptor.h"
 #include "crypto/cryptopp/CSymmetricDecryptorEngine.h"
 #include "crypto/cryptopp/CSymmetricEncryptorEngine.h"
-#include "io/IOStream.h"
+#include "io/IIStream.h"
 #include "support/Bytes.h"
 
 #include <gtest/gtest.h>

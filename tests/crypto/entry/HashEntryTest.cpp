@@ -151,7 +151,7 @@ std::shared_ptr<IHash> calculatorNamed(const std::string& name)
     if (!findAlgorithmIdByName(name, algorithmId))
         return nullptr;
     const auto row = std::ranges::find(hashCatalogue(), algorithmId,
-                                              [](const HashAlgorithm& each) { return each.id.alg; });
+                                       [](const HashAlgorithm& each) { return each.id.alg; });
     return getHashCalculator(row->id.lib, algorithmId);
 }
 

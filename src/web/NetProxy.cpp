@@ -1,4 +1,4 @@
-#include "web/ProxyString.h"
+#include "web/NetProxy.h"
 
 #include <algorithm>
 #include <limits>

@@ -1,12 +1,39 @@
-#include "i18n/LocaleResLoaderTrFile.h"
+#include "i18n/LocaleResLoader.h"
 
-#include "err/ErrorCodes.h"
+#include "err/ResultCode.h"
+#include "file/PropertiesFileReader.h"
 #include "file/Words.h"
 #include "i18n/TrResReader.h"
+#include "i18n/Translation.h"
 #include "io/IStreamUtf8File.h"
 #include "platform/FilePaths.h"
 
+#include <memory>
+
 namespace quillon::i18n::internal {
+
+err::ResultCode LocaleResLoaderPropFile<char>::load(const std::string& path,
+                                                    ILocaleResLoaderCallback<char>* callback)
+{
+    m_callback = callback;
+    file::internal::PropertiesFileReader<char, file::internal::TextFileReader<char>> reader;
+    const err::ResultCode result = reader.read(path, this, static_cast<int>(io::EBomKind::Utf8));
+    m_callback = nullptr;
+    return result;
+}
+
+err::ResultCode LocaleResLoaderPropFile<char>::setValue(const std::string& key, const std::string& value,
+                                                        const vars::internal::SVariableOptions& /*options*/)
+{
+    if (m_callback != nullptr)
+        m_callback->onItem({}, key, value);
+    return {};
+}
+
+err::ResultCode LocaleResLoaderPropFile<char>::setValue(const std::string& key, const std::string& value)
+{
+    return setValue(key, value, {});
+}
 
 err::ResultCode LocaleResLoaderTrFile<char>::load(const std::string& path,
                                                   ILocaleResLoaderCallback<char>* callback)
@@ -63,6 +90,17 @@ void LocaleResLoaderTrFile<char>::forget(ILocaleResLoaderCallback<char>* next)
     m_callback = next;
     m_loadedPaths.clear();
     m_definedItems.clear();
+}
+
+err::ResultCode LocaleResLoaderFactory<char>::create(ILocaleResLoader<char>** out, unsigned kind)
+{
+    if (out == nullptr)
+        return err::programError(err::kNullPointer);
+    if (kind == kTranslationProperties)
+        *out = std::make_unique<LocaleResLoaderPropFile<char>>().release();
+    else
+        *out = std::make_unique<LocaleResLoaderTrFile<char>>().release();
+    return {};
 }
 
 } // namespace quillon::i18n::internal
