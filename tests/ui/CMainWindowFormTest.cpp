@@ -38,7 +38,7 @@ protected:
         QDropEvent drop(QPoint(5, 5), Qt::CopyAction | Qt::MoveAction, &mime, Qt::LeftButton, Qt::NoModifier);
         drop.setDropAction(Qt::MoveAction);
         QApplication::sendEvent(target, &drop);
-        return drop.dropAction();
+        return drop.isAccepted() ? drop.dropAction() : Qt::IgnoreAction;
     }
 
     QMainWindow window;

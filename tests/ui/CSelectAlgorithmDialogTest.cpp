@@ -42,6 +42,7 @@ TEST_F(SelectAlgorithm, TheDialogOpensOnTheBuiltInDefaultAndNamesTheRow)
     EXPECT_EQ(label->text(), "Algorithm: SHA-256");
     QTest::keyClick(dialog.findChild<QListWidget*>(), Qt::Key_Down);
     EXPECT_EQ(label->text(), "Algorithm: SHA-384");
+    EXPECT_FALSE(dialog.windowFlags().testFlag(Qt::WindowContextHelpButtonHint));
 }
 
 TEST_F(SelectAlgorithm, TheDialogHandsOverTheChoiceAfterOkOnlyAndKeepsItWhileItIsHidden)

@@ -30,6 +30,7 @@ TEST_F(SmallDialogs, AboutTellsTheProduct)
     dialog.show();
     for (const QString& line : tableLines("about-dialog.txt"))
         EXPECT_EQ(dialog.findChild<QLabel*>(line.section(" | ", 0, 0))->text(), line.section(" | ", 1));
+    EXPECT_FALSE(dialog.windowFlags().testFlag(Qt::WindowContextHelpButtonHint));
     EXPECT_FALSE(dialog.findChild<QLabel*>("labelIcon")->pixmap(Qt::ReturnByValue).isNull());
 }
 
@@ -56,6 +57,7 @@ TEST_F(SmallDialogs, KeyboardShortcutsAreListedUntilOk)
 {
     CkeyboardShortcutInfoDialog dialog;
     dialog.show();
+    EXPECT_FALSE(dialog.windowFlags().testFlag(Qt::WindowContextHelpButtonHint));
     const QString text = dialog.findChild<QTextEdit*>()->toPlainText();
     EXPECT_EQ(text.split('\n', Qt::SkipEmptyParts), tableLines("keyboard-shortcuts.txt"));
     QTest::mouseClick(dialog.findChild<QPushButton*>("buttonOk"), Qt::LeftButton);
