@@ -19,20 +19,10 @@ using thisapp::SHashAlgId;
 class SelectAlgorithm : public testing::Test
 {
 protected:
-    SelectAlgorithm()
-    {
-        dialog.setHashAlgProvider(&provider);
-        frame.setHashAlgProvider(&provider);
-    }
-
-    void click(const char* button)
-    {
-        QTest::mouseClick(dialog.findChild<QPushButton*>(button), Qt::LeftButton);
-    }
+    SelectAlgorithm() { dialog.setHashAlgProvider(&provider); }
 
     ListedAlgorithms provider;
     CSelectAlgorithmDialog dialog;
-    CSelectAlgFrame frame;
 };
 
 TEST_F(SelectAlgorithm, TheDialogOpensOnTheBuiltInDefaultAndNamesTheRow)
@@ -51,12 +41,12 @@ TEST_F(SelectAlgorithm, TheDialogHandsOverTheChoiceAfterOkOnlyAndKeepsItWhileItI
     dialog.show();
     QTest::keyClick(dialog.findChild<QListWidget*>(), Qt::Key_Down);
     dialog.findChild<QCheckBox*>()->click();
-    click("buttonCancel");
+    QTest::mouseClick(dialog.findChild<QPushButton*>("buttonCancel"), Qt::LeftButton);
     EXPECT_FALSE(dialog.isVisible());
     EXPECT_EQ(dialog.getCurrentAlgorithm(), (SHashAlgId{1, 400}));
     EXPECT_FALSE(dialog.isSetAsDefault());
     dialog.show();
-    click("buttonOk");
+    QTest::mouseClick(dialog.findChild<QPushButton*>("buttonOk"), Qt::LeftButton);
     EXPECT_EQ(dialog.result(), QDialog::Accepted);
     EXPECT_EQ(dialog.getCurrentAlgorithm(), (SHashAlgId{1, 401}));
     EXPECT_TRUE(dialog.isSetAsDefault());
@@ -64,6 +54,8 @@ TEST_F(SelectAlgorithm, TheDialogHandsOverTheChoiceAfterOkOnlyAndKeepsItWhileItI
 
 TEST_F(SelectAlgorithm, TheToolBarKeepsItsRowOverAnUnknownAlgorithmAndATranslation)
 {
+    CSelectAlgFrame frame;
+    frame.setHashAlgProvider(&provider);
     frame.reloadAlgorithms();
     frame.setCurrentAlgorithm({1, 401});
     frame.setCurrentAlgorithm({300, 999});
