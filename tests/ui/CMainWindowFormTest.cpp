@@ -1,35 +1,61 @@
 #include "ui_CMainWindow.h"
 
-#include "ui/PrintQString.h"
+#include "ui/Table.h"
 
 #include <QApplication>
-#include <QRegularExpression>
+#include <QMimeData>
 #include <QTest>
-#include <QTranslator>
 
-#include <gtest/gtest.h>
+#include <optional>
 
 namespace quillon::tests {
 namespace {
 
-class MainWindowForm : public testing::Test
+class MainWindowForm : public testing::Test, public IFilesDragDropEvent
 {
 protected:
-    MainWindowForm() { form.setupUi(&window); }
+    MainWindowForm()
+    {
+        form.setupUi(&window);
+        form.frameInputFile->setDropHandler(this);
+        form.lineEditInput->setDropHandler(this);
+        mime.setText("file:///a");
+    }
+
+    void onFilesDropped(std::int32_t /*id*/, const QList<QUrl>& /*urls*/) override {}
+
+    /// What the source of a move is told in the end; nothing where not even the drag is taken.
+    std::optional<Qt::DropAction> drop(QWidget* target) const
+    {
+        QDragEnterEvent enter({5, 5}, Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(target, &enter);
+        if (!enter.isAccepted())
+            return std::nullopt;
+        QDropEvent drop(QPoint(5, 5), Qt::CopyAction | Qt::MoveAction, &mime, Qt::LeftButton, Qt::NoModifier);
+        drop.setDropAction(Qt::MoveAction);
+        QApplication::sendEvent(target, &drop);
+        return drop.isAccepted() ? drop.dropAction() : Qt::IgnoreAction;
+    }
 
     QMainWindow window;
     Ui_CMainWindow form;
+    QMimeData mime;
 };
 
-TEST_F(MainWindowForm, EveryFieldAndButtonHasAnAccessibleName)
+TEST_F(MainWindowForm, TakesDropsOfFilesOnTheWholePanelAsCopiesAndNoOthers)
 {
-    for (const QWidget* widget : form.centralWidget->findChildren<QWidget*>(
-             QRegularExpression("^(lineEdit|button|textEdit|plainTextEdit)")))
-        EXPECT_FALSE(widget->accessibleName().isEmpty()) << widget->objectName().toStdString();
-    EXPECT_EQ(form.labelResultHexCaption->buddy(), form.plainTextEditHashHex);
+    EXPECT_EQ(drop(form.lineEditInput), std::nullopt) << "a text";
+    mime.setUrls({});
+    EXPECT_EQ(drop(form.frameInputFile), std::nullopt) << "a list of no files";
+    mime.setUrls({QUrl("file:///a")});
+    EXPECT_EQ(drop(form.lineEditInput), Qt::CopyAction) << "the source of a move would delete the file";
+    EXPECT_EQ(form.lineEditInput->text(), "");
+    form.lineEditInput->setEnabled(false);
+    EXPECT_EQ(drop(form.lineEditInput), Qt::CopyAction);
+    EXPECT_EQ(drop(form.textEditInputFileDetails->viewport()), Qt::CopyAction);
 }
 
-TEST_F(MainWindowForm, TheTabKeyWalksFromTopToBottom)
+TEST_F(MainWindowForm, TheTabKeyWalksFromTopToBottomOverFieldsWithAccessibleNames)
 {
     window.show();
     // Not every offscreen platform makes a shown window the active one.
@@ -40,36 +66,8 @@ TEST_F(MainWindowForm, TheTabKeyWalksFromTopToBottom)
           "buttonCopyHashHex", "plainTextEditHashBase64", "buttonCopyHashBase64", "lineEditInput"}) {
         QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
         EXPECT_EQ(window.focusWidget()->objectName(), name);
+        EXPECT_FALSE(window.focusWidget()->accessibleName().isEmpty()) << name;
     }
-}
-
-/// Marks every text of the main window, and moves one shortcut.
-class MarkingTranslator final : public QTranslator
-{
-public:
-    [[nodiscard]] bool isEmpty() const override { return false; }
-    QString translate(const char* context, const char* text, const char* /*unused*/,
-                      int /*unused*/) const override
-    {
-        if (qstrcmp(context, "CMainWindow") != 0)
-            return {};
-        return qstrcmp(text, "F5") == 0 ? QString("F6") : QLatin1Char('~') + QString(text);
-    }
-};
-
-TEST_F(MainWindowForm, RetranslatingReachesEveryText)
-{
-    MarkingTranslator translator;
-    QCoreApplication::installTranslator(&translator);
-    form.retranslateUi(&window);
-    QCoreApplication::removeTranslator(&translator);
-    for (const QAction* action : window.findChildren<QAction*>(QRegularExpression("^action")))
-        EXPECT_TRUE(action->text().startsWith('~')) << action->objectName().toStdString();
-    EXPECT_EQ(form.actionHash_Calculate->shortcut(), QKeySequence(Qt::Key_F6));
-    EXPECT_EQ(form.actionHash_Calculate->toolTip(), "~Start hash calculation");
-    EXPECT_EQ(form.menuEncryption->title(), "~Hash");
-    EXPECT_EQ(form.labelResultHexCaption->text(), "~HEX hash value:");
-    EXPECT_EQ(form.buttonCopyHashHex->accessibleName(), "~Copy HEX hash to clipboard");
 }
 
 } // namespace
