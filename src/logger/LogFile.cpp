@@ -1,7 +1,7 @@
 #include "logger/LogFile.h"
 
 #include "logger/LogAppenderUtf8File.h"
-#include "platform/Folders.h"
+#include "platform/Files.h"
 
 #include <algorithm>
 #include <cstdio>

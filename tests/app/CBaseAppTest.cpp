@@ -3,7 +3,7 @@
 #include "app/FileLogger.h"
 #include "i18n/StrBundleTrMgr.h"
 #include "logger/Log.h"
-#include "platform/qt/DataFolder.h"
+#include "platform/qt/UserPlaces.h"
 #include "settings/CAppSettings.h"
 #include "settings/SettingsKeys.h"
 #include "support/TempFolder.h"

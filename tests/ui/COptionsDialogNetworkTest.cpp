@@ -1,4 +1,4 @@
-#include "platform/CurlLibraryPaths.h"
+#include "platform/Network.h"
 #include "ui/COptionsDialogDriver.h"
 
 #include <QElapsedTimer>

@@ -2,7 +2,7 @@
 
 #include "logger/LogFileTest.h"
 #include "logger/NumberedLines.h"
-#include "platform/LogFile.h"
+#include "platform/Files.h"
 
 #include <sys/resource.h>
 #include <sys/stat.h>

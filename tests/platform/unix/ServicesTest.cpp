@@ -1,11 +1,8 @@
 // The small services of the system that have little to say each.
 
-#include "platform/LocalTime.h"
-#include "platform/ProcessIds.h"
-#include "platform/ProgramArguments.h"
-#include "platform/ProgramPath.h"
+#include "platform/Clock.h"
+#include "platform/Process.h"
 #include "platform/RuntimeLibrary.h"
-#include "platform/SystemErrorText.h"
 
 #include <gtest/gtest.h>
 #include <unistd.h>

@@ -1,9 +1,10 @@
 // The check with the real libcurl, a real web server (nginx) and a real proxy (tinyproxy), all on loopback.
 
+#include "platform/Network.h"
+
 #include "logger/LogSender.h"
-#include "support/RecordingAppender.h"
-#include "platform/CurlLibraryPaths.h"
 #include "support/PrintResultCode.h"
+#include "support/RecordingAppender.h"
 #include "support/TempFolder.h"
 #include "web/ConnectionCheck.h"
 #include "web/unix/LocalServers.h"

@@ -1,7 +1,7 @@
 #include "web/SystemProxy.h"
 
-#include "platform/BrokenPipeSignal.h"
-#include "platform/SystemProxySettings.h"
+#include "platform/Network.h"
+#include "platform/SystemProxy.h"
 #include "platform/unix/ProxyLibrary.h"
 #include "support/PrintResultCode.h"
 #include "support/TempFolder.h"

@@ -1,6 +1,5 @@
-#include "platform/qt/FileDialogFilter.h"
-#include "platform/qt/SettingsStore.h"
 #include "platform/qt/TaskbarProgress.h"
+#include "platform/qt/UserPlaces.h"
 #include "platform/qt/unix/SessionBusProbe.h"
 #include "support/LauncherBus.h"
 #include "support/TempFolder.h"
