@@ -289,28 +289,5 @@ TEST_F(CBaseAppLog, IsOffWithoutAPathAndAfterTheAppsEnd)
     EXPECT_FALSE(logger::getLogSender()->appenders().isAppenderEnabled(1));
 }
 
-TEST_F(CBaseAppLocale, TheLogAndItsLevelMayChangeAThousandTimesWhileOthersLog)
-{
-    std::atomic<bool> isEnough{false};
-    std::vector<std::jthread> threads;
-    for (int i = 0; i < 2; ++i) {
-        threads.emplace_back([&] {
-            while (!isEnough)
-                logger::log(ELogLevel::Debug, "test",
-                            [&](auto& record) { record << app->getString("x", "Open"); });
-        });
-    }
-    const tests::TempFolder logs;
-    for (int round = 0; round < 1000; ++round) {
-        setFileLoggerEnabled(round % 3 != 0, tests::utf8Name(logs.file("kestrum.log")));
-        logger::getLogSender()->setLevel(round % 2 == 0 ? ELogLevel::Trace : ELogLevel::Error);
-        if (round % 25 == 0)
-            app->onLocaleChanged(round % 50 == 0 ? "pt" : "de", "", round);
-    }
-    isEnough = true;
-    threads.clear();
-    EXPECT_EQ(state().substr(0, 5), "de-DE");
-}
-
 } // namespace
 } // namespace quillon
