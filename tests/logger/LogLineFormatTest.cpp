@@ -1,4 +1,4 @@
-#include "logger/LogAppenderUtf8File.h"
+#include "logger/LogFile.h"
 
 #include <gtest/gtest.h>
 
