@@ -1,9 +1,9 @@
 #pragma once
 
 #include "err/ResultCode.h"
-#include "logger/LogAppenders.h"
 #include "logger/LogFile.h"
 #include "logger/LogLine.h"
+#include "logger/LogSender.h"
 #include "sync/Locker.h"
 #include "sync/SafeData.h"
 #include "thread/IThread.h"
@@ -17,13 +17,6 @@
 #include <vector>
 
 namespace quillon::logger::internal {
-
-/// Replaces `out` by the text of `line` as it stands in a log file, without a line feed at its end:
-///
-///     [2026.11.14 11:17:12:123] [ERROR] [04212] [04932] [mainwindow] Failed to create file logger.
-///
-/// The time falls away where it is 0. Category and message are written as they are, line feeds included.
-void formatLine(std::string& out, const LogLine<char>& line);
 
 /// A signal that stays set until it is reset. Any thread may call any operation.
 class ManualResetEvent

@@ -1,9 +1,10 @@
 #include "logger/LogFile.h"
 
-#include "logger/LogAppenderUtf8File.h"
 #include "platform/Files.h"
 
 #include <algorithm>
+#include <array>
+#include <chrono>
 #include <cstdio>
 #include <filesystem>
 #include <system_error>
@@ -17,6 +18,51 @@ using platform::LogFileStart;
 
 constexpr std::uint64_t kMaxFileBytes = 20'000'000;
 constexpr std::size_t kStreamBufferBytes = 65'536;
+
+constexpr std::uint64_t kTicksPerMs = 10'000;
+constexpr std::chrono::sys_days kFirstDay{std::chrono::January / 1 / 1601};
+
+template <class... Values>
+std::string formatted(const char* format, Values... values)
+{
+    std::array<char, 64> text{};
+    const int length = std::snprintf(text.data(), text.size(), format, values...);
+    return {text.data(), static_cast<std::size_t>(std::max(length, 0))};
+}
+
+int toInt(auto count)
+{
+    return static_cast<int>(count);
+}
+
+std::string timeText(std::uint64_t ticks)
+{
+    using namespace std::chrono;
+    const auto sinceFirstDay = milliseconds(static_cast<std::int64_t>(ticks / kTicksPerMs));
+    const days wholeDays = floor<days>(sinceFirstDay);
+    const year_month_day date(kFirstDay + wholeDays);
+    const hh_mm_ss time(sinceFirstDay - wholeDays);
+    return formatted("%04i.%02i.%02i %02i:%02i:%02i:%03i", int{date.year()}, toInt(unsigned{date.month()}),
+                     toInt(unsigned{date.day()}), toInt(time.hours().count()), toInt(time.minutes().count()),
+                     toInt(time.seconds().count()), toInt(time.subseconds().count()));
+}
+
+/// The level's name; for a level without one, which nobody writes at, `otherwise`.
+std::string levelText(ELogLevel level, const std::string& otherwise)
+{
+    const auto* const row = std::ranges::find(logLevelNames, level, &LogLevelName::id);
+    return row != logLevelNames.end() ? row->shortName : otherwise;
+}
+
+std::string numberText(std::uint32_t number)
+{
+    return formatted("%05llu", static_cast<unsigned long long>(number));
+}
+
+void appendField(std::string& out, const std::string& text)
+{
+    out.append("[").append(text).append("] ");
+}
 
 fs::path nativePath(const std::string& utf8)
 {
@@ -46,9 +92,21 @@ void createFolderOf(const std::string& path)
 
 } // namespace
 
+void formatLine(std::string& out, const LogLine<char>& line)
+{
+    out.clear();
+    const std::string time = line.time > 0 ? timeText(line.time) : std::string();
+    if (!time.empty())
+        appendField(out, time);
+    appendField(out, levelText(line.level, time));
+    appendField(out, numberText(line.processId));
+    appendField(out, numberText(line.threadId));
+    appendField(out, line.category);
+    out += line.message;
+}
+
 LogFile::LogFile(std::string path)
     : m_path(std::move(path))
-    , m_maxBytes(kMaxFileBytes)
     , m_streamBuffer(kStreamBufferBytes)
 {
 }
@@ -66,7 +124,7 @@ void LogFile::writeLines(const std::vector<LogLine<char>>& lines)
 
 void LogFile::prepareFile()
 {
-    const bool isTooBig = sizeOfFile(m_path) > m_maxBytes;
+    const bool isTooBig = sizeOfFile(m_path) > kMaxFileBytes;
     // Lines would vanish in a file that was renamed or removed meanwhile.
     if (m_file && !platform::isNameOfOpenFile(m_path, m_file.get()))
         m_file.reset();
@@ -115,7 +173,7 @@ bool LogFile::writeAll(const std::vector<LogLine<char>>& lines)
 
 bool LogFile::writeBuffer()
 {
-    // The stream would fill its buffer up with the beginning of the line and write that.
+    // A line that does not fit any more would be written in two pieces: its beginning with the full buffer.
     if (m_streamBytes + m_buffer.size() > kStreamBufferBytes && !flush())
         return false;
     m_streamBytes += m_buffer.size();

@@ -4,11 +4,17 @@
 #include "platform/Files.h"
 
 #include <cstddef>
-#include <cstdint>
 #include <string>
 #include <vector>
 
 namespace quillon::logger::internal {
+
+/// Replaces `out` by the text of `line` as it stands in a log file, without a line feed at its end:
+///
+///     [2026.11.14 11:17:12:123] [ERROR] [04212] [04932] [mainwindow] Failed to create file logger.
+///
+/// The time falls away where it is 0. Category and message are written as they are, line feeds included.
+void formatLine(std::string& out, const LogLine<char>& line);
 
 /// The text file of a log, of about bounded size: a file that is too big is emptied before the next batch of
 /// lines. Nothing is reported: a batch that cannot be written is lost, whole or from some line on, and the
@@ -34,7 +40,6 @@ private:
     [[nodiscard]] bool flush();
 
     const std::string m_path;
-    const std::uint64_t m_maxBytes;
     std::string m_buffer;             ///< the line that is being written
     std::vector<char> m_streamBuffer; ///< of the file below, which goes before it
     std::size_t m_streamBytes = 0;    ///< how many wait in there

@@ -1,10 +1,18 @@
 #include "logger/LogSender.h"
 
+#include <algorithm>
+#include <chrono>
 #include <memory>
 #include <mutex>
+#include <thread>
+#include <utility>
 
 namespace quillon::logger {
 namespace {
+
+/// How long removeAllAppenders waits for other threads that are handing over a line. An appender that calls
+/// it from within `append` waits for itself, and so for all of this time.
+constexpr std::chrono::milliseconds kLongestHandOver{200};
 
 struct Globals
 {
@@ -35,6 +43,77 @@ LogSender<char>* getLogSender()
 }
 
 namespace internal {
+
+err::ResultCode LogAppenders<char>::addAppender(LogAppender<char>* appender)
+{
+    if (appender == nullptr)
+        return err::programError(err::kNullPointer);
+    const std::lock_guard guard(m_appenders);
+    AppenderMap& map = m_appenders.value;
+    const bool known =
+        map.contains(appender->identifier()) ||
+        std::ranges::any_of(map, [=](const auto& entry) { return entry.second.appender.get() == appender; });
+    if (known)
+        return err::programError(err::kAlreadyExists);
+    // The two steps that may run out of memory come first, so that the appender then still is the caller's.
+    const auto owner = std::make_shared<std::unique_ptr<LogAppender<char>, _TAppenderDeleter>>();
+    map.try_emplace(appender->identifier(),
+                    _TAppenderOpt{std::shared_ptr<LogAppender<char>>(owner, appender), true});
+    owner->reset(appender);
+    return {};
+}
+
+bool LogAppenders<char>::setAppenderEnabled(std::uint64_t identifier, bool enabled)
+{
+    const std::lock_guard guard(m_appenders);
+    const auto found = m_appenders.value.find(identifier);
+    if (found == m_appenders.value.end())
+        return false;
+    found->second.enabled = enabled;
+    return true;
+}
+
+bool LogAppenders<char>::isAppenderEnabled(std::uint64_t identifier) const
+{
+    const std::lock_guard guard(m_appenders);
+    const auto found = m_appenders.value.find(identifier);
+    return found != m_appenders.value.end() && found->second.enabled;
+}
+
+void LogAppenders<char>::removeAllAppenders()
+{
+    AppenderMap removed;
+    {
+        const std::lock_guard guard(m_appenders);
+        removed.swap(m_appenders.value);
+    }
+    // Whoever lets go last runs the destructor, which may wait for the appender's own thread. That shall be
+    // the caller here, not a thread that just hands over a line and would be held up by it.
+    const auto limit = std::chrono::steady_clock::now() + kLongestHandOver;
+    for (const auto& [identifier, option] : removed) {
+        while (option.appender.use_count() > 1 && std::chrono::steady_clock::now() < limit)
+            std::this_thread::yield();
+    }
+}
+
+void LogAppenders<char>::send(const LogLine<char>& line) const
+{
+    for (const auto& appender : enabledAppenders()) {
+        appender->append(line.time, line.processId, line.threadId, line.level, line.category.c_str(),
+                         line.message.c_str(), line.extra);
+    }
+}
+
+std::vector<std::shared_ptr<LogAppender<char>>> LogAppenders<char>::enabledAppenders() const
+{
+    std::vector<std::shared_ptr<LogAppender<char>>> enabled;
+    const std::lock_guard guard(m_appenders);
+    for (const auto& [identifier, option] : m_appenders.value) {
+        if (option.enabled)
+            enabled.push_back(option.appender);
+    }
+    return enabled;
+}
 
 int LogSender<char>::addRef()
 {

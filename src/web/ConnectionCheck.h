@@ -39,7 +39,7 @@ public:
     ConnectionCheck(std::vector<std::string> libraryPaths, std::string url);
 
     /// Checks and waits for the end. Any HTTP status is a success. The result of a library that cannot be
-    /// bound is that of the first path, {5, 90} where there is none; else it is that of
+    /// bound is that of the first path, kLibraryNotLoaded where there is none; else it is that of
     /// CurlRequest::perform. Failures are logged, without login and password.
     err::ResultCodes check(const NetProxy<char>& proxy);
 

@@ -64,7 +64,8 @@ err::ResultCode CurlLibrary::load(const char* path)
     CurlFunctions functions;
     if (const err::ResultCode bound = bindAll(library, functions); !err::succeeded(bound))
         return bound;
-    // A stopped request may leave a look-up of a name behind, which runs in the library's own code.
+    // A stopped request may leave a thread of libcurl behind that still looks up a name. It runs the
+    // library's code, which must therefore stay in memory for good.
     platform::keepRuntimeLibrary(library);
     m_functions = functions;
     m_module = std::move(library);

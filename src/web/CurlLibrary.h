@@ -95,9 +95,9 @@ struct CurlFunctions
 class CurlLibrary
 {
 public:
-    /// Binds the library with the UTF-8 name `path`; one that is bound already is a success. {5, 5} for null,
-    /// {1, number of the system} where there is no such library or one of the names is missing in it: nothing
-    /// is bound then, and another try starts anew.
+    /// Binds the library with the UTF-8 name `path`; one that is bound already is a success.
+    /// kInvalidArgument for null, the system's error where there is no such library or one of the names is
+    /// missing in it: nothing is bound then, and another try starts anew.
     err::ResultCode load(const char* path);
 
     [[nodiscard]] bool isLoaded() const noexcept { return m_module != nullptr; }

@@ -2,6 +2,7 @@
 
 #include "err/ResultCode.h"
 #include "platform/Network.h"
+#include "sync/ScopeExit.h"
 #include "vars/Product.h"
 
 #include <memory>
@@ -30,22 +31,6 @@ std::string proxyText(const NetProxy<char>& proxy)
         return proxy.server;
     return proxy.server + ':' + (proxy.port >= 1 ? std::to_string(proxy.port) : "80");
 }
-
-/// Takes the mark of a running request away at the end.
-class BusyMark
-{
-public:
-    explicit BusyMark(sync::SafeValue<bool>& busy) noexcept
-        : m_busy(busy)
-    {
-    }
-    ~BusyMark() { m_busy.set(false); }
-    BusyMark(const BusyMark&) = delete;
-    BusyMark& operator=(const BusyMark&) = delete;
-
-private:
-    sync::SafeValue<bool>& m_busy;
-};
 
 } // namespace
 
@@ -84,7 +69,7 @@ err::ResultCodes CurlRequest::perform(CurlLibrary* library, const NetProxy<char>
         return {err::programError(err::kLibraryNotLoaded), {}, {}};
     if (m_busy.exchange(true))
         return {err::programError(err::kAlreadyRunning), {}, {}};
-    const BusyMark mark(m_busy);
+    const sync::ScopeExit idle([this] { m_busy.set(false); });
     m_headers.set({});
     m_body.set({});
     unsigned ignored = 0;

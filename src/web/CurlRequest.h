@@ -14,8 +14,8 @@
 namespace quillon::web {
 
 /// Sets the proxy options of a request: none at all where `proxy` is no proxy. A server that holds a ":" is
-/// handed on as it stands, any other one gets the port, 80 for one below 1. {5, 6} for a null handle, {5, 90}
-/// without a bound library, {50, number of libcurl} for an option that is refused.
+/// handed on as it stands, any other one gets the port, 80 for one below 1. kNullPointer without a handle,
+/// kLibraryNotLoaded without a bound library, libcurl's error (kGroupCurl) for an option that is refused.
 err::ResultCode setCurlProxy(CurlLibrary* library, curl::Handle* handle, const NetProxy<char>& proxy);
 
 /// One POST with an empty body, through libcurl. Can be performed again after each end, until it is stopped.
@@ -29,9 +29,10 @@ public:
     CurlRequest& operator=(const CurlRequest&) = delete;
 
     /// Sends the request and waits for the end of the answer. Any HTTP status is a success and goes to
-    /// `httpCode`, which may be null and stays as it is on failure. {5, 5} without `library` and {5, 90} with
-    /// one that is not bound, {5, 8} while a request is under way, {5, 3000} where libcurl gives no handle,
-    /// {50, number of libcurl} for a transfer that fails. Connecting takes 30 s at most, the rest any time.
+    /// `httpCode`, which may be null and stays as it is on failure. kInvalidArgument without `library`,
+    /// kLibraryNotLoaded with one that is not bound, kAlreadyRunning while a request is under way,
+    /// kRequestNotCreated where libcurl gives no handle, libcurl's error (kGroupCurl) for a transfer that
+    /// fails or a proxy that libcurl refuses. Connecting takes 30 s at most, the rest any time.
     err::ResultCodes perform(CurlLibrary* library, const NetProxy<char>& proxy, unsigned* httpCode);
 
     /// Ends a request that is under way, and every later one, as a failed transfer, and does not wait for it.

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "logger/LogAppenders.h"
 #include "logger/LogLine.h"
+#include "logger/LogSender.h"
 
 #include <functional>
 #include <utility>

@@ -1,5 +1,5 @@
 #include "text/Unicode.h"
-#include "web/NetProxy.h"
+#include "web/SystemProxy.h"
 
 #include <gtest/gtest.h>
 
