@@ -5,8 +5,8 @@
 // nanoseconds of the calling thread's CPU time, and the ratios to the pair.
 
 #include "logger/AllocationCount.h"
-#include "logger/LogAppenderUtf8File.h"
 #include "logger/Log.h"
+#include "logger/LogAppenderUtf8File.h"
 #include "support/TempFolder.h"
 
 #include <algorithm>

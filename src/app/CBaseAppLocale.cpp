@@ -55,8 +55,8 @@ void CBaseApp::onLocaleChanged(const std::string& language, const std::string& c
     Locale next;
     if (!i18n::findLocale(next, language, fullCountry) || !loadLocale(next))
         return;
-    AppSettings(static_cast<int>(getProductId()))
-        .setValue(thisapp::settings::LocaleId, static_cast<int>(next.id));
+    AppSettings store(static_cast<int>(getProductId()));
+    thisapp::settings::LocaleId.write(store, next.id);
     handleCallback(this, {language, fullCountry, value});
 }
 

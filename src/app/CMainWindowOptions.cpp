@@ -30,7 +30,7 @@ using SettingFilter = std::optional<std::string> (*)(std::string_view);
 /// Sends the value of the one enciphered setting through `filter`.
 bool filterPassword(const char* key, const QVariant& value, QVariant* filtered, SettingFilter filter)
 {
-    const std::string name = settings::NetProxyPassword.toStdString();
+    const std::string name = settings::NetProxyPassword.key.toStdString();
     if (!quillon::text::equalsIgnoringAsciiCase(key, name) || !value.isValid() || value.toString().isEmpty())
         return false;
     const std::optional<std::string> result = filter(value.toString().toStdString());
@@ -40,27 +40,13 @@ bool filterPassword(const char* key, const QVariant& value, QVariant* filtered, 
     return true;
 }
 
-/// What the dialog shows for a stored choice; a number without meaning counts as "nothing".
-std::int32_t shownWhatCopy(const QVariant& stored)
-{
-    const int number = stored.toInt();
-    const bool isValid = number == 0 || number == settings::kCopyNothing || number == settings::kCopyHex ||
-                         number == settings::kCopyBase64;
-    return isValid ? number : settings::kCopyNothing;
-}
-
-std::int32_t logLevelNumber(const QVariant& stored)
-{
-    return static_cast<std::int32_t>(logger::logLevelFromNumber(stored.toInt()));
-}
-
 } // namespace
 
 void CMainWindow::startLogging()
 {
     const CAppSettings store;
-    logger::getLogSender()->setLevel(logger::logLevelFromNumber(store.value(settings::LogLevel, 0).toInt()));
-    setFileLoggerEnabled(store.value(settings::UseLogFile, false).toBool());
+    logger::getLogSender()->setLevel(logger::logLevelFromNumber(settings::LogLevel.read(store)));
+    setFileLoggerEnabled(settings::UseLogFile.read(store));
 }
 
 void CMainWindow::setFileLoggerEnabled(bool enabled)
@@ -102,14 +88,14 @@ void CMainWindow::onUiShowOptions()
 void CMainWindow::fillOptionsDialog(COptionsDialog& dialog)
 {
     const CAppSettings store;
-    dialog.setShellContextMenu(store.value(settings::IntegrateToShellContextMenu, true).toBool());
-    dialog.setSendToLink(store.value(settings::AddToSendMenu, true).toBool());
+    dialog.setShellContextMenu(settings::IntegrateToShellContextMenu.read(store));
+    dialog.setSendToLink(settings::AddToSendMenu.read(store));
     dialog.setLocaleId(storedLocale().id);
     dialog.setDefaultAlg(storedDefaultAlgorithm());
-    dialog.setUseDefaultAlg(store.value(settings::UseDefaultAlgorithmAtStarting, true).toBool());
-    dialog.setWhatCopy(shownWhatCopy(store.value(settings::WhatCopyToClipboard, settings::kCopyNothing)));
-    dialog.setLogLevel(logLevelNumber(store.value(settings::LogLevel, 0)));
-    dialog.setUseLogFile(store.value(settings::UseLogFile, false).toBool());
+    dialog.setUseDefaultAlg(settings::UseDefaultAlgorithmAtStarting.read(store));
+    dialog.setWhatCopy(settings::WhatCopyToClipboard.read(store));
+    dialog.setLogLevel(settings::LogLevel.read(store));
+    dialog.setUseLogFile(settings::UseLogFile.read(store));
     dialog.setLogFilePath(getLogFilePath());
     dialog.setTranslationList(this);
     loadNetProxy();
@@ -138,28 +124,26 @@ void CMainWindow::onAppOptionsChanged(const SAppOptions& options)
 bool CMainWindow::storeOptions(const SAppOptions& options)
 {
     CAppSettings store;
-    const bool shellChanged =
-        store.value(settings::IntegrateToShellContextMenu, true).toBool() != options.shellContextMenu ||
-        store.value(settings::AddToSendMenu, true).toBool() != options.sendToLink;
-    store.setValue(settings::IntegrateToShellContextMenu, options.shellContextMenu);
-    store.setValue(settings::AddToSendMenu, options.sendToLink);
-    store.setValue(settings::UseDefaultAlgorithmAtStarting, options.useDefaultAlg);
-    store.setValue(settings::WhatCopyToClipboard, options.whatCopy);
-    store.setValue(settings::LogLevel, options.logLevel);
-    store.setValue(settings::UseLogFile, options.useLogFile);
+    const bool shellChanged = settings::IntegrateToShellContextMenu.read(store) != options.shellContextMenu ||
+                              settings::AddToSendMenu.read(store) != options.sendToLink;
+    settings::IntegrateToShellContextMenu.write(store, options.shellContextMenu);
+    settings::AddToSendMenu.write(store, options.sendToLink);
+    settings::UseDefaultAlgorithmAtStarting.write(store, options.useDefaultAlg);
+    settings::WhatCopyToClipboard.write(store, options.whatCopy);
+    settings::LogLevel.write(store, options.logLevel);
+    settings::UseLogFile.write(store, options.useLogFile);
     return shellChanged;
 }
 
 void CMainWindow::applyLanguage(std::uint32_t localeId)
 {
     CAppSettings store;
-    const QVariant stored = store.value(settings::LocaleId, i18n::kDefaultLocaleId);
-    if (stored.isValid() && stored.toUInt() == localeId)
+    if (settings::LocaleId.read(store) == localeId)
         return;
     i18n::internal::Locale<char> locale;
     if (!i18n::findLocale(locale, localeId) || !loadLocale(locale))
         return;
-    store.setValue(settings::LocaleId, localeId);
+    settings::LocaleId.write(store, localeId);
     retranslate();
     m_hashAlgFrame->retranslateFrame();
     m_shellIntegration.renewContextMenu();
@@ -176,7 +160,7 @@ void CMainWindow::retranslate()
 
 void CMainWindow::integrateShellContextMenu()
 {
-    const bool isWanted = CAppSettings().value(settings::IntegrateToShellContextMenu, true).toBool();
+    const bool isWanted = settings::IntegrateToShellContextMenu.read(CAppSettings());
     static_cast<void>(m_shellIntegration.removeContextMenu());
     if (isWanted)
         static_cast<void>(m_shellIntegration.createContextMenu());
@@ -184,7 +168,7 @@ void CMainWindow::integrateShellContextMenu()
 
 void CMainWindow::integrateSendToMenu()
 {
-    const bool isWanted = CAppSettings().value(settings::AddToSendMenu, true).toBool();
+    const bool isWanted = settings::AddToSendMenu.read(CAppSettings());
     static_cast<void>(m_shellIntegration.removeSendToLink());
     if (isWanted)
         static_cast<void>(m_shellIntegration.createSendToLink());

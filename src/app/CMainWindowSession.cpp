@@ -281,10 +281,10 @@ void CMainWindow::showDigestTexts(const std::vector<char>& digest)
 void CMainWindow::copyDigestAsConfigured()
 {
     namespace settings = thisapp::settings;
-    const int what = CAppSettings().value(settings::WhatCopyToClipboard, settings::kCopyNothing).toInt();
-    if (what == settings::kCopyHex)
+    const int what = settings::WhatCopyToClipboard.read(CAppSettings());
+    if (what == thisapp::kCopyHex)
         onUiCopyHashAsHex();
-    else if (what == settings::kCopyBase64)
+    else if (what == thisapp::kCopyBase64)
         onUiCopyHashAsBase64();
 }
 

@@ -5,17 +5,12 @@
 #include "settings/SettingsKeys.h"
 #include "vars/Product.h"
 
-#include <QVariant>
-
 namespace i18n = quillon::i18n;
 
 i18n::internal::Locale<char> storedLocale()
 {
     i18n::internal::Locale<char> locale = i18n::getDefaultLocale();
-    const CAppSettings store;
-    const QVariant id = store.value(thisapp::settings::LocaleId, locale.id);
-    if (id.isValid())
-        i18n::findLocale(locale, id.toUInt());
+    i18n::findLocale(locale, thisapp::settings::LocaleId.read(CAppSettings()));
     return locale;
 }
 

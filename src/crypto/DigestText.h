@@ -3,6 +3,18 @@
 #include <span>
 #include <string>
 
+namespace thisapp {
+
+/// Which text of a digest goes to the clipboard at the end of a run. The numbers are stored in settings.
+enum EDigestCopy : int
+{
+    kCopyNothing = 1,
+    kCopyHex = 2,
+    kCopyBase64 = 4
+};
+
+} // namespace thisapp
+
 namespace quillon::crypto {
 
 /// `bytes` in hexadecimal, two of the digits 0 to 9 and A to F a byte, high digit first, nothing between

@@ -10,23 +10,31 @@ namespace {
 
 constexpr std::array<std::uint32_t, 6> kLibraryIds{kCryptoppLibraryId, 10, 20, 100, 200, kSkeinLibraryId};
 
-constexpr HashAlgorithm cryptopp(std::uint32_t algorithmId, std::string_view name, std::int32_t digestBytes,
-                                 bool strong = true) noexcept
+enum Trait : unsigned
 {
-    return {{kCryptoppLibraryId, algorithmId}, name, digestBytes, strong};
+    kWeak = 1,
+    kSizeNotInName = 2
+};
+
+constexpr HashAlgorithm cryptopp(std::uint32_t algorithmId, std::string_view name, std::int32_t digestBytes,
+                                 unsigned traits = 0) noexcept
+{
+    return {{kCryptoppLibraryId, algorithmId},
+            name,
+            digestBytes,
+            (traits & kWeak) == 0,
+            (traits & kSizeNotInName) == 0};
 }
 
 constexpr HashAlgorithm skein(std::uint32_t algorithmId, std::string_view name,
                               std::int32_t digestBytes) noexcept
 {
-    return {{kSkeinLibraryId, algorithmId}, name, digestBytes, true};
+    return {{kSkeinLibraryId, algorithmId}, name, digestBytes, true, true};
 }
-
-constexpr bool kWeak = false;
 
 // The gaps between the numbers are reserved.
 constexpr HashAlgorithm kCatalogue[] = {
-    cryptopp(1, "SHA1", 20),
+    cryptopp(1, "SHA1", 20, kSizeNotInName),
     cryptopp(10, "SHA-224", 28),
     cryptopp(11, "SHA-256", 32),
     cryptopp(12, "SHA-384", 48),
@@ -36,7 +44,7 @@ constexpr HashAlgorithm kCatalogue[] = {
     cryptopp(22, "SHA3-384", 48),
     cryptopp(23, "SHA3-512", 64),
     cryptopp(30, "Tiger-192", 24),
-    cryptopp(40, "Whirlpool", 64),
+    cryptopp(40, "Whirlpool", 64, kSizeNotInName),
     cryptopp(50, "RIPEMD-128", 16),
     cryptopp(51, "RIPEMD-160", 20),
     cryptopp(52, "RIPEMD-256", 32),
@@ -52,12 +60,12 @@ constexpr HashAlgorithm kCatalogue[] = {
     skein(108, "Skein1024-384", 48),
     skein(109, "Skein1024-512", 64),
     skein(110, "Skein1024-1024", 128),
-    cryptopp(300, "MD2", 16, kWeak),
-    cryptopp(301, "MD4", 16, kWeak),
-    cryptopp(303, "MD5", 16, kWeak),
-    cryptopp(304, "Panama", 32, kWeak),
-    cryptopp(400, "Adler32", 4, kWeak),
-    cryptopp(401, "CRC32", 4, kWeak),
+    cryptopp(300, "MD2", 16, kWeak | kSizeNotInName),
+    cryptopp(301, "MD4", 16, kWeak | kSizeNotInName),
+    cryptopp(303, "MD5", 16, kWeak | kSizeNotInName),
+    cryptopp(304, "Panama", 32, kWeak | kSizeNotInName),
+    cryptopp(400, "Adler32", 4, kWeak | kSizeNotInName),
+    cryptopp(401, "CRC32", 4, kWeak | kSizeNotInName),
 };
 
 const HashAlgorithm* findRow(std::uint32_t algorithmId) noexcept
@@ -89,6 +97,12 @@ bool findAlgorithmIdByName(std::string_view name, std::uint32_t& algorithmId) no
         return false;
     algorithmId = row->id.alg;
     return true;
+}
+
+bool namesDigestSize(std::uint32_t algorithmId) noexcept
+{
+    const HashAlgorithm* const row = findRow(algorithmId);
+    return row != nullptr && row->tellsSize;
 }
 
 bool isHashAlgValid(std::uint32_t algorithmId) noexcept

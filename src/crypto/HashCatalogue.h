@@ -32,6 +32,8 @@ struct SHashAlgInfo
 namespace quillon::crypto {
 
 inline constexpr std::uint32_t kCryptoppLibraryId = 1;
+/// The release of Crypto++ whose interface is used, 5.6.2; later ones have kept it.
+inline constexpr std::int32_t kCryptoppLibraryVersion = 562;
 inline constexpr std::uint32_t kSkeinLibraryId = 300;
 
 /// SHA-256.
@@ -43,7 +45,8 @@ struct HashAlgorithm
     thisapp::SHashAlgId id;
     std::string_view name;
     std::int32_t digestBytes;
-    bool strong; ///< false for checksums and for digests that are broken
+    bool strong;    ///< false for checksums and for digests that are broken
+    bool tellsSize; ///< whether the name tells the size of the digest
 };
 
 /// All algorithms, in the order in which users see them and names are looked up.
@@ -54,6 +57,9 @@ struct HashAlgorithm
 
 /// Looks a name up without regard to case. Where there is none the answer is false and `algorithmId` stays.
 [[nodiscard]] bool findAlgorithmIdByName(std::string_view name, std::uint32_t& algorithmId) noexcept;
+
+/// Whether the name of an algorithm tells the size of its digest; false for an unknown id.
+[[nodiscard]] bool namesDigestSize(std::uint32_t algorithmId) noexcept;
 
 [[nodiscard]] bool isHashAlgValid(std::uint32_t algorithmId) noexcept;
 

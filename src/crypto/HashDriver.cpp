@@ -2,6 +2,7 @@
 
 #include "crypto/DigestText.h"
 #include "platform/Clock.h"
+#include "sync/ScopeExit.h"
 
 #include <algorithm>
 #include <cstring>
@@ -10,22 +11,6 @@
 
 namespace quillon::crypto::internal {
 namespace {
-
-/// Ends the engine's message on every way out of a run.
-class ReleaseAtEnd
-{
-public:
-    explicit ReleaseAtEnd(IHashEngine& engine) noexcept
-        : m_engine(engine)
-    {
-    }
-    ~ReleaseAtEnd() { m_engine.release(); }
-    ReleaseAtEnd(const ReleaseAtEnd&) = delete;
-    ReleaseAtEnd& operator=(const ReleaseAtEnd&) = delete;
-
-private:
-    IHashEngine& m_engine;
-};
 
 /// One run from the first flag to the last.
 class HashRun
@@ -90,7 +75,7 @@ void HashRun::enterRunning()
 HashResult HashRun::digestStream()
 {
     const std::int64_t size = m_stream.size();
-    const ReleaseAtEnd release(m_engine);
+    const sync::ScopeExit release([this] { m_engine.release(); });
     if (const HashResult started = m_engine.init(); !succeeded(started))
         return started;
     if (size <= 0)

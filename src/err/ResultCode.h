@@ -32,7 +32,7 @@ enum ErrorGroup : std::uint32_t
 {
     kGroupSystem = 1,  ///< the operating system's last error; errno on Unix
     kGroupRuntime = 3, ///< errno of the C runtime library
-    kGroupProgram = 5, ///< the program's own codes, see ErrorCodes.h
+    kGroupProgram = 5, ///< the program's own codes, see ErrorCode
     kGroupCurl = 50,   ///< a CURLcode
     kGroupSkein = 54,  ///< a status of the Skein core
 };
@@ -65,7 +65,6 @@ enum ErrorCode : std::uint32_t
     kStreamNotOpen = 104,
     kFileNameNotDefined = 200,
     kFileSeekFailed = 204,
-    kTextDecoderFailed = 205,
     kNoRunnable = 300,
     kThreadNotStarted = 303,
     kFactoryMissing = 630,

@@ -4,8 +4,6 @@
 #include "settings/CAppSettings.h"
 #include "settings/SettingsKeys.h"
 
-#include <QVariant>
-
 #include <cstdint>
 
 namespace thisapp {
@@ -13,12 +11,9 @@ namespace {
 
 namespace crypto = quillon::crypto;
 
-std::optional<SHashAlgId> checkedId(const QVariant& library, const QVariant& algorithm)
+std::optional<SHashAlgId> checkedId(int library, int algorithm)
 {
-    if (!library.isValid() || !algorithm.isValid())
-        return std::nullopt;
-    const SHashAlgId id{static_cast<std::uint32_t>(library.toInt()),
-                        static_cast<std::uint32_t>(algorithm.toInt())};
+    const SHashAlgId id{static_cast<std::uint32_t>(library), static_cast<std::uint32_t>(algorithm)};
     if (!crypto::isHashLibraryValid(id.lib) || !crypto::isHashAlgValid(id.alg))
         return std::nullopt;
     return id;
@@ -29,18 +24,17 @@ std::optional<SHashAlgId> checkedId(const QVariant& library, const QVariant& alg
 std::optional<SHashAlgId> readDefaultHashAlgorithm()
 {
     const CAppSettings store;
-    const QVariant use = store.value(settings::UseDefaultAlgorithmAtStarting, true);
-    if (!use.isValid() || !use.toBool())
+    if (!settings::UseDefaultAlgorithmAtStarting.read(store))
         return std::nullopt;
-    return checkedId(store.value(settings::DefaultCryptoLibrary, crypto::kDefaultHashAlg.lib),
-                     store.value(settings::DefaultCryptoHashAlgorithm, crypto::kDefaultHashAlg.alg));
+    return checkedId(settings::DefaultCryptoLibrary.read(store),
+                     settings::DefaultCryptoHashAlgorithm.read(store));
 }
 
 void writeDefaultHashAlgorithm(const SHashAlgId& id)
 {
     CAppSettings store;
-    store.setValue(settings::DefaultCryptoLibrary, static_cast<int>(id.lib));
-    store.setValue(settings::DefaultCryptoHashAlgorithm, static_cast<int>(id.alg));
+    settings::DefaultCryptoLibrary.write(store, static_cast<int>(id.lib));
+    settings::DefaultCryptoHashAlgorithm.write(store, static_cast<int>(id.alg));
 }
 
 } // namespace thisapp

@@ -1,61 +1,86 @@
 #pragma once
 
-#include <QString>
+#include "crypto/DigestText.h"
+#include "crypto/HashCatalogue.h"
 
-/// The keys of the settings store, built before the entry function runs. Readers supply the default that
-/// stands here in their call and check the value themselves: a bad id counts as no stored algorithm, and any
-/// other value for the clipboard copies nothing.
+#include <QSettings>
+#include <QString>
+#include <QVariant>
+
+#include <algorithm>
+#include <initializer_list>
+#include <vector>
+
 namespace thisapp::settings {
 
-/// int, default 1033 (i18n::kDefaultLocaleId): the id of a locale, read at the start, before any window (see
-/// i18n::findLocale).
-inline const QString LocaleId = QStringLiteral("LocaleId");
-
-/// int, default 1: what a successful run copies to the clipboard (see ClipboardCopy).
-inline const QString WhatCopyToClipboard = QStringLiteral("WhatCopyToClipboard");
-
-/// bool, default true: whether the two keys below choose the algorithm.
-inline const QString UseDefaultAlgorithmAtStarting = QStringLiteral("UseDefaultAlgorithmAtStarting");
-
-/// int, default 1: a library id (crypto::isHashLibraryValid).
-inline const QString DefaultCryptoLibrary = QStringLiteral("DefaultCryptoLibrary");
-
-/// int, default 11: an algorithm id (crypto::isHashAlgValid).
-inline const QString DefaultCryptoHashAlgorithm = QStringLiteral("DefaultCryptoHashAlgorithm");
-
-/// int, default 0: a level of the log level table (logger::logLevelFromNumber); any other value means 0.
-inline const QString LogLevel = QStringLiteral("LogLevel");
-
-/// bool, default false: whether the log goes to a file.
-inline const QString UseLogFile = QStringLiteral("UseLogFile");
-
-/// string, default empty, trimmed: host name or address of the proxy, and the user's name and password there.
-/// The password's stored form is CBaseApp::encodeSettingValue's; one that cannot be decoded is the password.
-inline const QString NetProxyServer = QStringLiteral("NetProxyServer");
-inline const QString NetProxyLogin = QStringLiteral("NetProxyLogin");
-inline const QString NetProxyPassword = QStringLiteral("NetProxyPassword");
-
-/// int, default 0: the proxy's port.
-inline const QString NetProxyPort = QStringLiteral("NetProxyPort");
-
-/// int, default 0: the proxy's kind, 1, 2, 10, 20, 30, 50 or 51; any other value means 0.
-inline const QString NetProxyType = QStringLiteral("NetProxyType");
-
-/// int, default 0: a web::EProxySelectType; any other value leaves the selection as it is.
-inline const QString NetProxySelectType = QStringLiteral("NetProxySelectType");
-
-/// bool, default true: whether the desktop's context menu of files offers the program.
-inline const QString IntegrateToShellContextMenu = QStringLiteral("IntegrateToShellContextMenu");
-
-/// bool, default true: whether the desktop's Send To menu offers the program, from the next start on.
-inline const QString AddToSendMenu = QStringLiteral("AddToSendMenu");
-
-/// The values of WhatCopyToClipboard that copy something; every other value copies nothing.
-enum ClipboardCopy : int
+/// One value of the store: its key, what a reader takes where nothing or nothing valid is stored, and the
+/// values that are valid.
+template <class Value>
+struct Setting
 {
-    kCopyNothing = 1,
-    kCopyHex = 2,
-    kCopyBase64 = 4
+    QString key;
+    Value byDefault;
+    std::vector<Value> valid = {}; ///< empty: every value
+
+    // NOLINTNEXTLINE(google-explicit-constructor): a setting stands for its key
+    operator const QString&() const noexcept { return key; }
+
+    [[nodiscard]] bool isValid(const Value& value) const
+    {
+        return valid.empty() || std::ranges::find(valid, value) != valid.end();
+    }
+
+    /// The stored value; `byDefault` where there is none or it is not valid.
+    [[nodiscard]] Value read(const QSettings& store) const
+    {
+        const auto value = store.value(key, byDefault).template value<Value>();
+        return isValid(value) ? value : byDefault;
+    }
+
+    void write(QSettings& store, const Value& value) const { store.setValue(key, value); }
 };
+
+// The table of what the program stores. Nothing of it is kept in memory: each reader asks the store anew. It
+// is built before the entry function runs.
+
+/// The id of a locale, read at the start, before any window (i18n::kDefaultLocaleId; see i18n::findLocale).
+inline const Setting<unsigned> LocaleId{QStringLiteral("LocaleId"), 1033};
+
+/// What a successful run copies to the clipboard; an EDigestCopy, where 0 says nothing as well.
+inline const Setting<int> WhatCopyToClipboard{
+    QStringLiteral("WhatCopyToClipboard"), kCopyNothing, {0, kCopyNothing, kCopyHex, kCopyBase64}};
+
+/// Whether the two below choose the algorithm at the start. An id that is not in its table counts as none.
+inline const Setting<bool> UseDefaultAlgorithmAtStarting{QStringLiteral("UseDefaultAlgorithmAtStarting"),
+                                                         true};
+inline const Setting<int> DefaultCryptoLibrary{QStringLiteral("DefaultCryptoLibrary"),
+                                               static_cast<int>(quillon::crypto::kDefaultHashAlg.lib)};
+inline const Setting<int> DefaultCryptoHashAlgorithm{QStringLiteral("DefaultCryptoHashAlgorithm"),
+                                                     static_cast<int>(quillon::crypto::kDefaultHashAlg.alg)};
+
+/// A logger::ELogLevel.
+inline const Setting<int> LogLevel{QStringLiteral("LogLevel"), 0, {0, 1, 2, 3, 4, 5, 6}};
+
+/// Whether the log goes to a file.
+inline const Setting<bool> UseLogFile{QStringLiteral("UseLogFile"), false};
+
+/// Host name or address of the proxy, and the user's name and password there; readers trim them. The
+/// password's stored form is CBaseApp::encodeSettingValue's; one that cannot be decoded is the password.
+inline const Setting<QString> NetProxyServer{QStringLiteral("NetProxyServer"), {}};
+inline const Setting<QString> NetProxyLogin{QStringLiteral("NetProxyLogin"), {}};
+inline const Setting<QString> NetProxyPassword{QStringLiteral("NetProxyPassword"), {}};
+
+/// The proxy's port.
+inline const Setting<int> NetProxyPort{QStringLiteral("NetProxyPort"), 0};
+
+/// The proxy's kind (see web::NetProxy).
+inline const Setting<int> NetProxyType{QStringLiteral("NetProxyType"), 0, {20, 30, 1, 2, 50, 51, 10}};
+
+/// A web::EProxySelectType; a reader leaves its selection as it is where another value is stored.
+inline const Setting<int> NetProxySelectType{QStringLiteral("NetProxySelectType"), 0, {0, 1, 2}};
+
+/// Whether the desktop's context menu of files, and its Send To menu, offer the program.
+inline const Setting<bool> IntegrateToShellContextMenu{QStringLiteral("IntegrateToShellContextMenu"), true};
+inline const Setting<bool> AddToSendMenu{QStringLiteral("AddToSendMenu"), true};
 
 } // namespace thisapp::settings

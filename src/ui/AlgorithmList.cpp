@@ -6,8 +6,6 @@
 #include <QString>
 #include <QVariant>
 
-#include <algorithm>
-#include <array>
 #include <limits>
 #include <memory>
 
@@ -16,15 +14,6 @@ namespace {
 constexpr QLatin1String kLibraryKey("lib", 3);
 constexpr QLatin1String kAlgorithmKey("alg", 3);
 
-/// The algorithms whose name does not tell the size of the digest: SHA1, Whirlpool, the MD family, Panama and
-/// the checksums.
-constexpr std::array<std::uint32_t, 8> kAlgorithmsWithoutSizeInName{1, 40, 300, 301, 303, 304, 400, 401};
-
-bool tellsSizeInName(std::uint32_t algorithmId)
-{
-    return std::ranges::find(kAlgorithmsWithoutSizeInName, algorithmId) == kAlgorithmsWithoutSizeInName.end();
-}
-
 QString rowText(const thisapp::IHashAlgProvider& provider, const thisapp::SHashAlgId& id, bool showAllSizes)
 {
     QString text = QString::fromStdString(provider.getAlgorithmName(id));
@@ -32,7 +21,7 @@ QString rowText(const thisapp::IHashAlgProvider& provider, const thisapp::SHashA
     // The spelling of the second unit is meant.
     if (showAllSizes)
         text += QStringLiteral(" (%1-byte)").arg(digestBytes);
-    else if (!tellsSizeInName(id.alg))
+    else if (!quillon::crypto::namesDigestSize(id.alg))
         text += QStringLiteral(" (%1-bite)").arg(digestBytes);
     return text;
 }

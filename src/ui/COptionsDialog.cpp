@@ -2,6 +2,7 @@
 
 #include "ui_COptionsDialog.h"
 
+#include "crypto/DigestText.h"
 #include "logger/LogLine.h"
 #include "ui/AlgorithmList.h"
 #include "ui/ProductLabels.h"
@@ -19,9 +20,6 @@ namespace {
 
 constexpr int kKeyColumnWidth = 150;
 constexpr int kDescriptionColumnWidth = 400;
-constexpr int kCopyNothing = 1;
-constexpr int kCopyHex = 2;
-constexpr int kCopyBase64 = 4;
 
 /// The row with this item data; the current row stays where there is none.
 void selectRowByData(QComboBox& combo, const QVariant& data)
@@ -121,11 +119,11 @@ void COptionsDialog::fillCheckBoxes()
 
 void COptionsDialog::fillAutocopy()
 {
-    if (m_whatCopy <= kCopyNothing)
+    if (m_whatCopy <= thisapp::kCopyNothing)
         m_ui->radioButtonAutocopyNothing->setChecked(true);
-    else if (m_whatCopy == kCopyHex)
+    else if (m_whatCopy == thisapp::kCopyHex)
         m_ui->radioButtonAutocopyHex->setChecked(true);
-    else if (m_whatCopy == kCopyBase64)
+    else if (m_whatCopy == thisapp::kCopyBase64)
         m_ui->radioButtonAutocopyBase64->setChecked(true);
 }
 
@@ -185,8 +183,8 @@ std::uint32_t COptionsDialog::shownLocaleId() const
 std::int32_t COptionsDialog::chosenWhatCopy() const
 {
     if (m_ui->radioButtonAutocopyHex->isChecked())
-        return kCopyHex;
-    return m_ui->radioButtonAutocopyBase64->isChecked() ? kCopyBase64 : kCopyNothing;
+        return thisapp::kCopyHex;
+    return m_ui->radioButtonAutocopyBase64->isChecked() ? thisapp::kCopyBase64 : thisapp::kCopyNothing;
 }
 
 thisapp::SAppOptions COptionsDialog::getAppOptions() const

@@ -175,7 +175,7 @@ private:
     std::uint32_t m_localeId = quillon::i18n::kDefaultLocaleId;
     thisapp::SHashAlgId m_defaultAlg = quillon::crypto::kDefaultHashAlg;
     bool m_useDefaultAlg = false;
-    std::int32_t m_whatCopy = 1;
+    std::int32_t m_whatCopy = thisapp::kCopyNothing;
     std::int32_t m_logLevel = 0;
     bool m_useLogFile = false;
     std::string m_fontName = "Arial";

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "crypto/DigestText.h"
 #include "crypto/HashCatalogue.h"
 #include "i18n/Locale.h"
 #include "web/NetProxy.h"
@@ -17,8 +18,8 @@ struct SAppOptions
     std::uint32_t localeId = quillon::i18n::kDefaultLocaleId;
     SHashAlgId defaultAlg = quillon::crypto::kDefaultHashAlg;
     bool useDefaultAlg = true;
-    std::int32_t whatCopy = 1; ///< 1 nothing, 2 the hexadecimal digest, 4 the Base64 digest
-    std::int32_t logLevel;     ///< see logger::ELogLevel; whoever makes the record sets it
+    std::int32_t whatCopy = kCopyNothing; ///< an EDigestCopy
+    std::int32_t logLevel;                ///< see logger::ELogLevel; whoever makes the record sets it
     bool useLogFile = false;
     std::string fontName = "Arial"; ///< carried only, like the size
     std::int32_t fontSize = 9;      ///< points

@@ -340,7 +340,7 @@ TEST_F(OptionsTest, OfTheLogShowInItHowTheProgramStartsAndEnds)
     ASSERT_TRUE(waitFor([&] {
         log.close();
         text = log.open(QIODevice::ReadOnly) ? log.readAll() : QByteArray();
-        return text.contains("Finish ...");
+        return text.indexOf("Finish ...", text.lastIndexOf("File logger was started.")) >= 0;
     })) << text.toStdString();
     int place = text.lastIndexOf("File logger was started.");
     for (const char* next : {"Start ...", "Try to process command line: ", "Finish ..."}) {

@@ -3,6 +3,7 @@
 #include "crypto/cipher/CipherHeader.h"
 #include "crypto/cipher/PasswordKey.h"
 #include "platform/Clock.h"
+#include "sync/ScopeExit.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -57,9 +58,6 @@ protected:
     }
 
 private:
-    class EndOfRun;
-    class EndOfStream;
-
     HashResult passStream();
     HashResult beginMessage();
     HashResult passFurtherChunks();
@@ -85,48 +83,11 @@ private:
     std::uint32_t m_lastReportMs = 0;
 };
 
-/// Lets the running flag fall on every way out, by an exception too.
-class CipherRun::EndOfRun
-{
-public:
-    explicit EndOfRun(CipherState& state) noexcept
-        : m_state(state)
-    {
-    }
-    ~EndOfRun() { m_state.running.set(false); }
-    EndOfRun(const EndOfRun&) = delete;
-    EndOfRun& operator=(const EndOfRun&) = delete;
-
-private:
-    CipherState& m_state;
-};
-
-/// Ends the engine's message and wipes the buffers.
-class CipherRun::EndOfStream
-{
-public:
-    explicit EndOfStream(CipherRun& run) noexcept
-        : m_run(run)
-    {
-    }
-    ~EndOfStream()
-    {
-        m_run.m_engine.release();
-        m_run.m_input.free();
-        m_run.m_output.free();
-    }
-    EndOfStream(const EndOfStream&) = delete;
-    EndOfStream& operator=(const EndOfStream&) = delete;
-
-private:
-    CipherRun& m_run;
-};
-
 HashResult CipherRun::run()
 {
     m_state.stopRequested.set(false);
     m_state.running.set(true);
-    const EndOfRun end(m_state);
+    const sync::ScopeExit end([this] { m_state.running.set(false); });
     m_state.progress.set(0.0F);
     if (m_job.callback != nullptr)
         m_job.callback->onHashStarted(m_job.userData);
@@ -138,7 +99,11 @@ HashResult CipherRun::run()
 
 HashResult CipherRun::passStream()
 {
-    const EndOfStream end(*this);
+    const sync::ScopeExit end([this] {
+        m_engine.release();
+        m_input.free();
+        m_output.free();
+    });
     m_inputBytes = m_job.input->size();
     m_inputLeft = m_inputBytes;
     if (m_inputBytes <= 0)

@@ -25,7 +25,7 @@ public:
     [[nodiscard]] std::uint32_t getLibraryId() const override { return crypto::kCryptoppLibraryId; }
     [[nodiscard]] std::uint32_t getAlgorithmId() const override { return id; }
     [[nodiscard]] std::int32_t getDigestSize() const override { return kDigestBytes; }
-    [[nodiscard]] std::int32_t getLibraryVersion() const override { return kLibraryVersion; }
+    [[nodiscard]] std::int32_t getLibraryVersion() const override { return crypto::kCryptoppLibraryVersion; }
 
     crypto::HashResult init() override
     {
@@ -66,9 +66,6 @@ protected:
     }
 
 private:
-    // The release of Crypto++ whose interface is used, 5.6.2; later ones have kept it.
-    static constexpr std::int32_t kLibraryVersion = 562;
-
     std::array<unsigned char, Alg::DIGESTSIZE> m_digest{};
     Alg m_alg;
 };

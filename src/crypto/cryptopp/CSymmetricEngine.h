@@ -25,7 +25,7 @@ public:
     [[nodiscard]] std::int32_t getIvSize() const override { return ivBytes; }
     [[nodiscard]] std::int32_t getBlockSize() const override { return blockBytes; }
     [[nodiscard]] std::int32_t getExtraSize() const override { return extraBytes; }
-    [[nodiscard]] std::int32_t getLibraryVersion() const override { return kLibraryVersion; }
+    [[nodiscard]] std::int32_t getLibraryVersion() const override { return crypto::kCryptoppLibraryVersion; }
 
     crypto::HashResult setKey(const void* key, std::int32_t keyLength, const void* iv,
                               std::int32_t ivLength) override
@@ -72,9 +72,6 @@ public:
     crypto::HashResult finish() override { return {}; }
 
 private:
-    // The release of Crypto++ whose interface is used, 5.6.2; later ones have kept it.
-    static constexpr std::int32_t kLibraryVersion = 562;
-
     Cipher m_cipher;
     sync::SafeValue<bool> m_initialised{false};
 };

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "crypto/HashCalculator.h"
+#include "crypto/HashCatalogue.h"
 #include "crypto/IHashEngine.h"
 #include "crypto/skein/SkeinCore.h"
 
@@ -11,7 +12,6 @@
 
 namespace quillon::skein::internal {
 
-inline constexpr std::uint32_t kSkeinLibraryId = 300;
 inline constexpr std::int32_t kSkeinLibraryVersion = 1;
 
 /// What the Skein engines with a digest of `kBytes` bytes share: the digest.
@@ -19,7 +19,7 @@ template <std::size_t kBytes>
 class SkeinHashEngine : public crypto::IHashEngine
 {
 public:
-    [[nodiscard]] std::uint32_t getLibraryId() const final { return kSkeinLibraryId; }
+    [[nodiscard]] std::uint32_t getLibraryId() const final { return crypto::kSkeinLibraryId; }
     [[nodiscard]] std::int32_t getDigestSize() const final { return static_cast<std::int32_t>(kBytes); }
     [[nodiscard]] std::int32_t getLibraryVersion() const final { return kSkeinLibraryVersion; }
 

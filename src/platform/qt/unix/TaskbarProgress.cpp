@@ -51,7 +51,8 @@ public:
             m_connector.detach();
         else
             m_connector.join();
-        // What it waits on holds the task, and the task this object: let go, or neither would ever be freed.
+        // The future keeps the task alive, and the task keeps this object alive: without this line neither
+        // would ever be freed.
         m_done = {};
     }
 
