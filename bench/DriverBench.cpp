@@ -5,9 +5,7 @@
 // FILE should be in the page cache.
 
 #include "crypto/IHash.h"
-#include "crypto/cryptopp/CHash.h"
 #include "crypto/cryptopp/CHashEngine.h"
-#include "crypto/skein/Hash.h"
 #include "crypto/skein/SkeinHashEngines.h"
 #include "io/IStreamFile.h"
 #include "text/Unicode.h"

@@ -2,8 +2,8 @@
 
 #include "i18n/StrBundleTrMgr.h"
 #include "logger/LogSender.h"
-#include "platform/Folders.h"
-#include "platform/qt/DataFolder.h"
+#include "platform/Files.h"
+#include "platform/qt/UserPlaces.h"
 #include "vars/Product.h"
 
 #include <QCoreApplication>

@@ -1,9 +1,8 @@
 #pragma once
 
 #include "app/CBaseApp.h"
+#include "crypto/HashCatalogue.h"
 #include "crypto/IHash.h"
-#include "crypto/IHashCallback.h"
-#include "crypto/SHashAlgInfo.h"
 #include "crypto/SHashData.h"
 #include "shell/CShellIntegration.h"
 #include "sync/Locker.h"

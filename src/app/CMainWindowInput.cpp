@@ -1,7 +1,7 @@
 #include "ui_CMainWindow.h"
 
 #include "app/CMainWindow.h"
-#include "platform/qt/FileDialogFilter.h"
+#include "platform/qt/UserPlaces.h"
 #include "ui/CProgressBarFrame.h"
 #include "ui/FileDetails.h"
 

@@ -6,7 +6,7 @@
 #include "crypto/entry/HashEntry.h"
 #include "err/ErrorText.h"
 #include "logger/Log.h"
-#include "platform/Ticks.h"
+#include "platform/Clock.h"
 #include "platform/qt/TaskbarProgress.h"
 #include "settings/CAppSettings.h"
 #include "settings/CErrMsg.h"

@@ -3,7 +3,7 @@
 #include "err/ResultCode.h"
 #include "logger/Log.h"
 #include "logger/LogAppenderUtf8File.h"
-#include "platform/Folders.h"
+#include "platform/Files.h"
 
 #include <QFileInfo>
 #include <QString>

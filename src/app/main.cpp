@@ -1,7 +1,7 @@
 #include "app/CMainWindow.h"
 #include "app/StartLanguage.h"
 #include "i18n_qt/MyTranslator.h"
-#include "platform/ProgramArguments.h"
+#include "platform/Process.h"
 #include "ui/Appearance.h"
 #include "vars/Product.h"
 

@@ -1,10 +1,31 @@
 #pragma once
 
-#include "crypto/SHashAlgId.h"
-
 #include <cstdint>
 #include <span>
 #include <string_view>
+
+namespace thisapp {
+
+/// Names a hash algorithm: the library that provides it and the algorithm within the catalogue. Both are 0
+/// where no algorithm is chosen.
+struct SHashAlgId
+{
+    std::uint32_t lib = 0;
+    std::uint32_t alg = 0;
+
+    friend constexpr bool operator==(const SHashAlgId&, const SHashAlgId&) noexcept = default;
+};
+
+/// An algorithm that the user can choose.
+struct SHashAlgInfo
+{
+    SHashAlgId id;
+    bool strong = false; ///< false for checksums and for digests that are broken
+
+    friend constexpr bool operator==(const SHashAlgInfo&, const SHashAlgInfo&) noexcept = default;
+};
+
+} // namespace thisapp
 
 /// The vocabulary of hash algorithms: what is stored in settings, given on the command line and shown in
 /// lists. The numbers and names never change. Any thread may call any function.

@@ -1,9 +1,7 @@
 #include "crypto/HashDriver.h"
 
 #include "crypto/DigestText.h"
-#include "crypto/ProgressThrottle.h"
-#include "crypto/ReadBuffer.h"
-#include "platform/Ticks.h"
+#include "platform/Clock.h"
 
 #include <algorithm>
 #include <cstring>

@@ -1,13 +1,35 @@
 #pragma once
 
 #include "crypto/HashResult.h"
-#include "crypto/IHashCallback.h"
 #include "io/IIStream.h"
 
 #include <cstdint>
 #include <string>
 
 namespace quillon::crypto {
+
+/// Hears how far a run has come.
+class IHashProgressCallback
+{
+public:
+    virtual ~IHashProgressCallback() = default;
+
+    /// Comes on the thread of the run, at most once per interval. `percent` is 0 to 100. No report of 100
+    /// percent is promised: the end of a run is not reported here. `userData` is what the run was given.
+    virtual void onHashProgress(std::int64_t processedBytes, float percent, void* userData) = 0;
+};
+
+/// Hears the whole course of a run. All calls come on the thread of the run and while the calculator still
+/// counts as running, so the digest must be fetched after `calculate` has returned.
+class IHashCallback : public IHashProgressCallback
+{
+public:
+    virtual void onHashStarted(void* userData) = 0;
+
+    /// The last call of a run. `stopped` says that a stop was asked for; one that came after the last read
+    /// was too late, and then `result` is a success all the same.
+    virtual void onHashFinished(bool stopped, const HashResult& result, void* userData) = 0;
+};
 
 /// The reading buffer of the short forms of `calculate`, in bytes.
 inline constexpr std::int32_t kDefaultBufferBytes = 32768;

@@ -46,4 +46,14 @@ public:
     virtual HashResult finish() = 0;
 };
 
+/// The engine of an ISymmetricEncryptor.
+class ISymmetricEncryptorEngine : public ISymmetricEngine
+{
+};
+
+/// The engine of an ISymmetricDecryptor.
+class ISymmetricDecryptorEngine : public ISymmetricEngine
+{
+};
+
 } // namespace quillon::crypto

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "crypto/HashCatalogue.h"
 #include "crypto/HashResult.h"
-#include "crypto/SHashAlgId.h"
 
 #include <cstdint>
 #include <string>

@@ -2,8 +2,7 @@
 
 #include "err/ResultCode.h"
 #include "io/ByteOrderMark.h"
-#include "platform/FilePaths.h"
-#include "platform/RuntimeFile.h"
+#include "platform/Files.h"
 
 #include <algorithm>
 #include <cstring>

@@ -2,7 +2,7 @@
 
 #include "err/ResultCode.h"
 #include "io/ByteOrderMark.h"
-#include "platform/RuntimeFile.h"
+#include "platform/Files.h"
 
 #include <cstddef>
 #include <cstdint>

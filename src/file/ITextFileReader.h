@@ -2,7 +2,7 @@
 
 #include "err/ResultCode.h"
 #include "io/ByteOrderMark.h"
-#include "platform/FilePaths.h"
+#include "platform/Files.h"
 
 #include <string>
 

@@ -1,6 +1,6 @@
 #include "file/Paths.h"
 
-#include "platform/FilePaths.h"
+#include "platform/Files.h"
 #include "text/AsciiText.h"
 
 #include <algorithm>

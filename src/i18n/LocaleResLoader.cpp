@@ -6,7 +6,7 @@
 #include "i18n/TrResReader.h"
 #include "i18n/Translation.h"
 #include "io/IStreamUtf8File.h"
-#include "platform/FilePaths.h"
+#include "platform/Files.h"
 
 #include <memory>
 

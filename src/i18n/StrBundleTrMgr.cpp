@@ -5,8 +5,8 @@
 #include "i18n/Locale.h"
 #include "i18n/LocaleResLoader.h"
 #include "i18n/TranslationListLoaderXml.h"
-#include "platform/FilePaths.h"
-#include "platform/ProgramPath.h"
+#include "platform/Files.h"
+#include "platform/Process.h"
 #include "text/AsciiText.h"
 
 #include <algorithm>

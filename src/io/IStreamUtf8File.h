@@ -3,7 +3,7 @@
 #include "io/ByteOrderMark.h"
 #include "io/IIStream.h"
 #include "io/StreamError.h"
-#include "platform/RuntimeFile.h"
+#include "platform/Files.h"
 #include "sync/SafeData.h"
 
 #include <cstddef>

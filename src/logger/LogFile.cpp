@@ -1,6 +1,6 @@
 #include "logger/LogFile.h"
 
-#include "platform/Folders.h"
+#include "platform/Files.h"
 
 #include <algorithm>
 #include <array>

@@ -1,8 +1,7 @@
 #pragma once
 
 #include "logger/LogLine.h"
-#include "platform/LogFile.h"
-#include "platform/RuntimeFile.h"
+#include "platform/Files.h"
 
 #include <cstddef>
 #include <string>

@@ -1,7 +1,7 @@
 #include "logger/LogRec.h"
 
-#include "platform/LocalTime.h"
-#include "platform/ProcessIds.h"
+#include "platform/Clock.h"
+#include "platform/Process.h"
 #include "text/Unicode.h"
 
 #include <array>

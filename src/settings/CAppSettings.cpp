@@ -1,6 +1,6 @@
 #include "settings/CAppSettings.h"
 
-#include "platform/qt/SettingsStore.h"
+#include "platform/qt/UserPlaces.h"
 #include "vars/Product.h"
 
 namespace quillon {

@@ -1,7 +1,7 @@
 #include "settings/CErrMsg.h"
 
 #include "err/ResultCode.h"
-#include "platform/SystemErrorText.h"
+#include "platform/Process.h"
 
 #include <QObject>
 

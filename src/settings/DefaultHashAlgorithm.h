@@ -1,6 +1,6 @@
 #pragma once
 
-#include "crypto/SHashAlgId.h"
+#include "crypto/HashCatalogue.h"
 
 #include <optional>
 

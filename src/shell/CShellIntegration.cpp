@@ -1,11 +1,10 @@
 #include "shell/CShellIntegration.h"
 
 #include "err/ResultCode.h"
-#include "platform/FileRemoval.h"
-#include "platform/ProgramPath.h"
+#include "platform/Files.h"
+#include "platform/Process.h"
 #include "platform/RuntimeLibrary.h"
-#include "platform/ShellCommand.h"
-#include "platform/qt/SendToLink.h"
+#include "platform/qt/UserPlaces.h"
 #include "text/Unicode.h"
 #include "vars/Product.h"
 

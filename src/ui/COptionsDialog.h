@@ -1,7 +1,6 @@
 #pragma once
 
 #include "crypto/HashCatalogue.h"
-#include "crypto/SHashAlgId.h"
 #include "err/ResultCode.h"
 #include "i18n/Locale.h"
 #include "i18n/Translation.h"

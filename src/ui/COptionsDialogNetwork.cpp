@@ -2,7 +2,7 @@
 
 #include "err/ErrorText.h"
 #include "err/ResultCode.h"
-#include "platform/SystemProxySettings.h"
+#include "platform/SystemProxy.h"
 #include "ui/COptionsDialog.h"
 
 #include <QCoreApplication>

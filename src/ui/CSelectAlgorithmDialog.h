@@ -1,7 +1,6 @@
 #pragma once
 
 #include "crypto/HashCatalogue.h"
-#include "crypto/SHashAlgId.h"
 #include "sync/SafeData.h"
 #include "ui/AlgorithmList.h"
 

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "crypto/HashCatalogue.h"
-#include "crypto/SHashAlgId.h"
 #include "i18n/Locale.h"
 #include "web/NetProxy.h"
 

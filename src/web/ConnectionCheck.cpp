@@ -3,7 +3,7 @@
 #include "err/ErrorText.h"
 #include "err/ResultCode.h"
 #include "logger/Log.h"
-#include "platform/CurlLibraryPaths.h"
+#include "platform/Network.h"
 #include "vars/Product.h"
 
 #include <utility>

@@ -1,7 +1,7 @@
 #include "web/CurlRequest.h"
 
 #include "err/ResultCode.h"
-#include "platform/BrokenPipeSignal.h"
+#include "platform/Network.h"
 #include "sync/ScopeExit.h"
 #include "vars/Product.h"
 

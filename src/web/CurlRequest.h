@@ -1,7 +1,7 @@
 #pragma once
 
 #include "err/ResultCode.h"
-#include "platform/Socket.h"
+#include "platform/Network.h"
 #include "sync/Locker.h"
 #include "sync/SafeData.h"
 #include "web/CurlLibrary.h"

@@ -3,7 +3,7 @@
 #include "app/FileLogger.h"
 #include "i18n/StrBundleTrMgr.h"
 #include "logger/Log.h"
-#include "platform/qt/DataFolder.h"
+#include "platform/qt/UserPlaces.h"
 #include "settings/CAppSettings.h"
 #include "settings/SettingsKeys.h"
 #include "support/TempFolder.h"
@@ -287,29 +287,6 @@ TEST_F(CBaseAppLog, IsOffWithoutAPathAndAfterTheAppsEnd)
     }
     EXPECT_FALSE(logger::getLogSender()->isEnabled(ELogLevel::Error));
     EXPECT_FALSE(logger::getLogSender()->appenders().isAppenderEnabled(1));
-}
-
-TEST_F(CBaseAppLocale, TheLogAndItsLevelMayChangeAThousandTimesWhileOthersLog)
-{
-    std::atomic<bool> isEnough{false};
-    std::vector<std::jthread> threads;
-    for (int i = 0; i < 2; ++i) {
-        threads.emplace_back([&] {
-            while (!isEnough)
-                logger::log(ELogLevel::Debug, "test",
-                            [&](auto& record) { record << app->getString("x", "Open"); });
-        });
-    }
-    const tests::TempFolder logs;
-    for (int round = 0; round < 1000; ++round) {
-        setFileLoggerEnabled(round % 3 != 0, tests::utf8Name(logs.file("kestrum.log")));
-        logger::getLogSender()->setLevel(round % 2 == 0 ? ELogLevel::Trace : ELogLevel::Error);
-        if (round % 25 == 0)
-            app->onLocaleChanged(round % 50 == 0 ? "pt" : "de", "", round);
-    }
-    isEnough = true;
-    threads.clear();
-    EXPECT_EQ(state().substr(0, 5), "de-DE");
 }
 
 } // namespace

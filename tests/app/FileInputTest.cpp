@@ -1,5 +1,5 @@
 #include "app/MainWindowTest.h"
-#include "platform/qt/FileDialogFilter.h"
+#include "platform/qt/UserPlaces.h"
 
 #include <QApplication>
 #include <QClipboard>

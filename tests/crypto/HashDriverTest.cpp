@@ -1,6 +1,7 @@
+#include "crypto/HashDriver.h"
+
 #include "crypto/HashCalculator.h"
 #include "crypto/PrintHashResult.h"
-#include "crypto/ProgressThrottle.h"
 #include "crypto/TestDoubles.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,6 @@
 #include "crypto/IHashEngine.h"
 
 #include "crypto/PrintHashResult.h"
-#include "crypto/cryptopp/CCrc32HashEngine.h"
 #include "crypto/cryptopp/CHashEngine.h"
 #include "crypto/skein/SkeinHashEngines.h"
 #include "support/Bytes.h"

@@ -142,12 +142,5 @@ TEST_F(PropertiesFileReader, StopsBehindTheLineAtWhichItIsTold)
     EXPECT_EQ(m_notebook.pairs.size(), 3U);
 }
 
-TEST_F(PropertiesFileReader, ReadsUtf16WithoutAMarkWhenTold)
-{
-    using namespace std::string_literals;
-    EXPECT_EQ(m_reader.read(write("\0a\0=\x04\x16"s), &m_notebook, 20), err::ResultCode{});
-    EXPECT_EQ(m_notebook.pairs, (Pairs{{"a", "\u0416"}}));
-}
-
 } // namespace
 } // namespace quillon::file

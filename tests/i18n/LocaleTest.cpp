@@ -15,36 +15,6 @@ namespace {
 using internal::Locale;
 using internal::LocaleRow;
 
-TEST(LocaleTable, HasEachIdOnce)
-{
-    std::set<std::uint32_t> ids;
-    for (const LocaleRow& row : internal::localeTable())
-        ids.insert(row.id);
-    EXPECT_EQ(ids.size(), 204U);
-    EXPECT_EQ(internal::localeTable().size(), 204U);
-}
-
-// A Windows locale identifier has the primary language in its lower ten bits and the sublanguage above them.
-TEST(LocaleTable, SplitsIdsIntoLanguageAndSublanguage)
-{
-    std::map<std::uint32_t, std::string> others;
-    for (const LocaleRow& row : internal::localeTable())
-        if (row.id != (row.subLanguage << 10 | row.primaryLanguage))
-            others[row.id] = std::to_string(row.primaryLanguage) + '/' + std::to_string(row.subLanguage);
-    EXPECT_EQ(others, (std::map<std::uint32_t, std::string>{{4, "4/2"}, {31748, "4/1"}}));
-}
-
-TEST(LocaleTable, SharesCodesBetweenTwoRowsInEightCases)
-{
-    std::map<std::string, int> counts;
-    for (const LocaleRow& row : internal::localeTable())
-        ++counts[row.localeName];
-    std::erase_if(counts, [](const auto& each) { return each.second == 1; });
-    const std::map<std::string, int> expected{{"az-AZ", 2}, {"bs-BA", 2}, {"iu-CA", 2}, {"mn-MN", 2},
-                                              {"no-NO", 2}, {"sr-BA", 2}, {"sr-CS", 2}, {"uz-UZ", 2}};
-    EXPECT_EQ(counts, expected);
-}
-
 TEST(Locale, KeepsTheNamesThatLookLikeSlips)
 {
     const Locale<char> expected[] = {

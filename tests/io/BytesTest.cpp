@@ -37,14 +37,5 @@ TEST(OStreamBytes, AppendsWhatIsWritten)
     EXPECT_EQ(stream.bytes(), (std::vector<char>{'a', 'b', 'c'}));
 }
 
-TEST(OStreamBytes, AMissingBufferIsAnErrorThatTheNextWriteForgets)
-{
-    OStreamBytes stream;
-    EXPECT_EQ(stream.write(nullptr, 1), 0U);
-    EXPECT_EQ(stream.lastError(), (err::ResultCode{5, 5}));
-    EXPECT_EQ(stream.write(nullptr, 0), 0U);
-    EXPECT_EQ(stream.lastError(), err::ResultCode{});
-}
-
 } // namespace
 } // namespace quillon::io

@@ -6,6 +6,7 @@
 #include "io/IStreamFile.h"
 #include "io/IStreamText.h"
 #include "io/IStreamUtf8File.h"
+#include "support/Bytes.h"
 #include "support/PrintResultCode.h"
 #include "support/TempFolder.h"
 
@@ -29,17 +30,6 @@ struct Source
     std::shared_ptr<std::string> text;
     std::unique_ptr<Stream> stream;
 };
-
-std::shared_ptr<std::string> hexOf(const std::string& bytes)
-{
-    static constexpr char kDigits[] = "0123456789abcdef";
-    auto hex = std::make_shared<std::string>();
-    for (const char c : bytes) {
-        const auto byte = static_cast<unsigned char>(c);
-        *hex += {kDigits[byte / 16], kDigits[byte % 16]};
-    }
-    return hex;
-}
 
 template <class FileStream, class Name>
 Source fileSource(const std::string& content, Name nameOf)
@@ -84,7 +74,9 @@ const Implementation kImplementations[] = {
          return textSource<IStreamText<char>>(std::make_shared<std::string>(content));
      }},
     {"IStreamHexText", [] { return std::make_unique<IStreamHexText<char>>(); },
-     [](const std::string& content) { return textSource<IStreamHexText<char>>(hexOf(content)); }},
+     [](const std::string& content) {
+         return textSource<IStreamHexText<char>>(std::make_shared<std::string>(tests::hexOf(content)));
+     }},
 };
 
 class IIStreamTest : public testing::TestWithParam<Implementation>

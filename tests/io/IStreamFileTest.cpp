@@ -66,24 +66,6 @@ TEST_F(IStreamFileTest, ReadingAClosedStreamSaysSo)
     EXPECT_EQ(bytesRead, 77U);
 }
 
-TEST_F(IStreamFileTest, AReadThatTheSystemRefusesKeepsItsNumber)
-{
-    openWith("abc");
-    auto* const nowhere = reinterpret_cast<char*>(std::uintptr_t{1});
-    EXPECT_FALSE(stream.read(nowhere, 1, &bytesRead));
-    EXPECT_EQ(stream.lastError().group, 1U);
-    EXPECT_NE(stream.lastError().code, 0U);
-    EXPECT_EQ(bytesRead, 77U);
-}
-
-TEST_F(IStreamFileTest, AtTheEndTheByteCountStaysAsItWas)
-{
-    openWith("");
-    EXPECT_FALSE(stream.read(buffer.data(), 1, &bytesRead));
-    EXPECT_EQ(bytesRead, 77U);
-    EXPECT_EQ(stream.lastError(), err::ResultCode{});
-}
-
 TEST_F(IStreamFileTest, WhatIsAddedAfterTheOpenIsNotRead)
 {
     openWith("abc");
@@ -103,24 +85,6 @@ TEST_F(IStreamFileTest, ACutFileDeliversReadsOfNothingAndNoEnd)
     EXPECT_EQ(bytesRead, 0U);
     EXPECT_FALSE(stream.isEnd());
     EXPECT_EQ(stream.lastError(), err::ResultCode{});
-}
-
-TEST_F(IStreamFileTest, ACloseInTheMiddleOfReadingEndsTheReaderAndHarmsNothing)
-{
-    openWith(std::string(1'000'000, 'x'));
-    std::atomic<int> reads{0};
-    std::thread reader([&] {
-        char c = 0;
-        while (stream.readChar(&c))
-            ++reads;
-    });
-    while (reads == 0)
-        std::this_thread::yield();
-    stream.close();
-    reader.join();
-    EXPECT_TRUE(stream.isEnd());
-    const err::ResultCode last = stream.lastError();
-    EXPECT_TRUE(last == err::ResultCode{} || last == (err::ResultCode{5, 104}));
 }
 
 } // namespace

@@ -24,29 +24,6 @@ TEST(IStreamText, ANewTextStartsAtItsFrontAndNullTakesItAway)
     EXPECT_EQ(stream.size(), 0);
 }
 
-/// What a read of one byte leaves in a byte count of 77.
-unsigned countAfterRead(internal::IIStream<char>& stream)
-{
-    char c = 0;
-    unsigned bytesRead = 77;
-    EXPECT_FALSE(stream.read(&c, 1, &bytesRead));
-    return bytesRead;
-}
-
-TEST(IStreamText, TheByteCountTellsAnEndFromAMissingText)
-{
-    IStreamText<char> text;
-    IStreamHexText<char> hex;
-    EXPECT_EQ(countAfterRead(text), 77U);
-    EXPECT_EQ(countAfterRead(hex), 77U);
-    text.setText("a");
-    ASSERT_EQ(hex.setText("0a"), err::ResultCode{});
-    char c = 0;
-    ASSERT_TRUE(text.readChar(&c) && hex.readChar(&c));
-    EXPECT_EQ(countAfterRead(text), 0U);
-    EXPECT_EQ(countAfterRead(hex), 0U);
-}
-
 struct HexText
 {
     const char* text;
@@ -102,15 +79,6 @@ TEST(IStreamHexText, AskingForMoreThanIsSpelledIsFalseWithTheBytesInFront)
     EXPECT_FALSE(stream.read(buffer.data(), 8, &bytesRead));
     EXPECT_EQ(bytesRead, 5U);
     EXPECT_EQ(std::string(buffer.data(), 3), "ABz");
-}
-
-TEST(IStreamHexText, NullTakesTheTextAway)
-{
-    IStreamHexText<char> stream;
-    ASSERT_EQ(stream.setText("41"), err::ResultCode{});
-    EXPECT_EQ(stream.setText(nullptr), err::ResultCode{});
-    EXPECT_TRUE(stream.isEnd());
-    EXPECT_EQ(stream.size(), 0);
 }
 
 } // namespace

@@ -51,14 +51,6 @@ TEST(IStreamUtf8File, OpeningIsRefusedWithTheReason)
     EXPECT_EQ(stream.open(name.c_str()), (err::ResultCode{5, 7}));
 }
 
-TEST(IStreamUtf8File, ReadingAClosedStreamSaysSo)
-{
-    IStreamUtf8File stream;
-    char c = 0;
-    EXPECT_FALSE(stream.readChar(&c));
-    EXPECT_EQ(stream.lastError(), (err::ResultCode{5, 104}));
-}
-
 TEST(IStreamUtf8File, EachReadTakesOneLine)
 {
     const std::string longLine = std::string(3000, 'x') + '\n';

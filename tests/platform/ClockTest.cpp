@@ -1,5 +1,4 @@
-#include "platform/LocalTime.h"
-#include "platform/Ticks.h"
+#include "platform/Clock.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,4 @@
-#include "platform/RuntimeFile.h"
-
+#include "platform/Files.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>

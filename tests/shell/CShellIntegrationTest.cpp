@@ -1,9 +1,8 @@
 #include "shell/CShellIntegration.h"
 
 #include "err/ResultCode.h"
-#include "platform/ProgramPath.h"
-#include "platform/ShellCommand.h"
-#include "platform/qt/SendToLink.h"
+#include "platform/Process.h"
+#include "platform/qt/UserPlaces.h"
 #include "support/PrintResultCode.h"
 #include "text/Unicode.h"
 #include "vars/Product.h"

@@ -51,15 +51,6 @@ TYPED_TEST(LockableTest, TheHolderMayLockAgainAndOthersWaitForTheLastUnlock)
     EXPECT_TRUE(othersCanLock(lock));
 }
 
-TEST(SafeData, ACopyDoesNotChangeWithTheValue)
-{
-    SafeData<Locker, std::string> data("before");
-    const std::string copy = data.get();
-    data.set("after");
-    EXPECT_EQ(copy, "before");
-    EXPECT_EQ(data.get(), "after");
-}
-
 TEST(SafeData, NoChangeMadeUnderTheLockIsLost)
 {
     SafeData<Locker, int> data;

@@ -51,30 +51,12 @@ private:
     bool m_isOpen;
 };
 
-TEST(Thread, StartsOutIdle)
-{
-    const Thread thread;
-    EXPECT_EQ(thread.getId(), 1U);
-    EXPECT_EQ(thread.getReserved(), 0);
-    EXPECT_EQ(thread.getUserFlag(), 0);
-    EXPECT_FALSE(thread.isRunning());
-    EXPECT_EQ(thread.getResult(), err::ResultCode{});
-}
-
 TEST(Thread, WaitWithoutARunAnswersAtOnce)
 {
     Thread thread;
     EXPECT_EQ(thread.wait(), WaitStatus::Deferred);
     EXPECT_EQ(thread.waitFor(kLimitMs), WaitStatus::Deferred);
     EXPECT_EQ(static_cast<int>(WaitStatus::Deferred), 2);
-}
-
-TEST(Thread, StartWithoutARunnableIsRefused)
-{
-    Thread thread;
-    EXPECT_EQ(thread.start(), (err::ResultCode{5, 300}));
-    EXPECT_FALSE(thread.isRunning());
-    EXPECT_EQ(thread.wait(), WaitStatus::Deferred);
 }
 
 TEST(Thread, ARunHappensOnAWorkerAndLeavesItsResult)

@@ -1,4 +1,4 @@
-#include "platform/CurlLibraryPaths.h"
+#include "platform/Network.h"
 #include "ui/COptionsDialogDriver.h"
 
 #include <QElapsedTimer>
@@ -69,7 +69,10 @@ struct OptionsDialogNetwork : testing::Test, OptionsDriver
     void clickCheckAndWait()
     {
         const int former = finishedChecks;
+        const std::string before = networkResult();
         click("buttonCheckConnection");
+        EXPECT_FALSE(find("buttonCheckConnection")->isEnabled());
+        EXPECT_EQ(networkResult(), before) << "nothing is told before the end";
         ASSERT_TRUE(QTest::qWaitFor([&] { return finishedChecks > former; }, kLimitMs));
         EXPECT_TRUE(find("buttonCheckConnection")->isEnabled());
     }

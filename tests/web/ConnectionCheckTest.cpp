@@ -3,7 +3,7 @@
 #include "web/ConnectionCheck.h"
 
 #include "logger/LogSender.h"
-#include "platform/ProgramPath.h"
+#include "platform/Process.h"
 #include "support/PrintResultCode.h"
 #include "support/RecordingAppender.h"
 #include "web/FakeCurl.h"

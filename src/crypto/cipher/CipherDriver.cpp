@@ -1,8 +1,8 @@
 #include "crypto/cipher/CipherDriver.h"
 
 #include "crypto/cipher/CipherHeader.h"
-#include "crypto/cipher/SecretBytes.h"
-#include "platform/Ticks.h"
+#include "crypto/cipher/PasswordKey.h"
+#include "platform/Clock.h"
 
 #include <algorithm>
 #include <cstddef>

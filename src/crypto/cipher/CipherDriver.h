@@ -1,7 +1,7 @@
 #pragma once
 
 #include "crypto/HashResult.h"
-#include "crypto/IHashCallback.h"
+#include "crypto/IHash.h"
 #include "crypto/ISymmetricEngine.h"
 #include "io/IIStream.h"
 #include "sync/SafeData.h"

@@ -2,7 +2,6 @@
 
 #include "crypto/HashCatalogue.h"
 #include "crypto/IHash.h"
-#include "crypto/cipher/SecretBytes.h"
 #include "crypto/cryptopp/CppHashFactory.h"
 #include "io/IStreamBytes.h"
 

@@ -1,10 +1,8 @@
 #include "crypto/cipher/SettingCipher.h"
 
 #include "crypto/DigestText.h"
-#include "crypto/cipher/CSymmetricDecryptor.h"
-#include "crypto/cipher/CSymmetricEncryptor.h"
-#include "crypto/cryptopp/CSymmetricDecryptorEngine.h"
-#include "crypto/cryptopp/CSymmetricEncryptorEngine.h"
+#include "crypto/cipher/CSymmetricCipher.h"
+#include "crypto/cryptopp/CSymmetricEngine.h"
 #include "io/IStreamBytes.h"
 #include "io/IStreamText.h"
 #include "text/AsciiText.h"

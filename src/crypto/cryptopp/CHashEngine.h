@@ -1,7 +1,10 @@
 #pragma once
 
+#include "crypto/HashCalculator.h"
 #include "crypto/HashCatalogue.h"
 #include "crypto/IHashEngine.h"
+
+#include <crypto++/crc.h>
 
 #include <algorithm>
 #include <array>
@@ -69,5 +72,38 @@ private:
     std::array<unsigned char, Alg::DIGESTSIZE> m_digest{};
     Alg m_alg;
 };
+
+} // namespace quillon::cryptopp::internal
+
+namespace quillon::cryptopp {
+
+/// CRC-32 as in ISO/IEC 3309, with its digest most significant byte first, the way a CRC-32 is written.
+class CCrc32HashEngine final : public internal::CHashEngine<CryptoPP::CRC32, 401>
+{
+public:
+    /// `length` is not checked and must not be negative.
+    crypto::HashResult update(const void* data, std::int32_t length) override
+    {
+        absorb(data, static_cast<std::size_t>(length));
+        return {};
+    }
+
+    crypto::HashResult getDigest(void* output, std::int32_t size) const override
+    {
+        const crypto::HashResult copied = CHashEngine::getDigest(output, size);
+        // CryptoPP::CRC32 delivers its register least significant byte first.
+        if (succeeded(copied))
+            std::reverse(static_cast<char*>(output), static_cast<char*>(output) + kDigestBytes);
+        return copied;
+    }
+};
+
+} // namespace quillon::cryptopp
+
+namespace quillon::cryptopp::internal {
+
+/// The calculator of a Crypto++ engine.
+template <class Engine>
+using CHash = crypto::internal::HashCalculator<Engine>;
 
 } // namespace quillon::cryptopp::internal

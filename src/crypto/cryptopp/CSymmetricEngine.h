@@ -4,6 +4,9 @@
 #include "crypto/ISymmetricEngine.h"
 #include "sync/SafeData.h"
 
+#include <crypto++/blowfish.h>
+#include <crypto++/modes.h>
+
 #include <concepts>
 #include <cstddef>
 #include <cstdint>
@@ -75,5 +78,23 @@ private:
     Cipher m_cipher;
     sync::SafeValue<bool> m_initialised{false};
 };
+
+template <class Cipher, std::uint32_t id, std::int32_t keyBytes, std::int32_t blockBytes,
+          std::int32_t ivBytes, std::int32_t extraBytes>
+using CSymmetricEncryptorEngine = CSymmetricEngine<crypto::ISymmetricEncryptorEngine, Cipher, id, keyBytes,
+                                                   blockBytes, ivBytes, extraBytes>;
+
+/// Blowfish in CBC mode with keys of 448 bits (Schneier, Fast Software Encryption 1993).
+using BlowfishEncryptorEngine =
+    CSymmetricEncryptorEngine<CryptoPP::CBC_Mode<CryptoPP::Blowfish>::Encryption, 804, 56, 8, 8, 0>;
+
+template <class Cipher, std::uint32_t id, std::int32_t keyBytes, std::int32_t blockBytes,
+          std::int32_t ivBytes, std::int32_t extraBytes>
+using CSymmetricDecryptorEngine = CSymmetricEngine<crypto::ISymmetricDecryptorEngine, Cipher, id, keyBytes,
+                                                   blockBytes, ivBytes, extraBytes>;
+
+/// Blowfish in CBC mode with keys of 448 bits (Schneier, Fast Software Encryption 1993).
+using BlowfishDecryptorEngine =
+    CSymmetricDecryptorEngine<CryptoPP::CBC_Mode<CryptoPP::Blowfish>::Decryption, 804, 56, 8, 8, 0>;
 
 } // namespace quillon::cryptopp::internal

@@ -1,9 +1,7 @@
 #include "crypto/cryptopp/CppHashFactory.h"
 
-#include "crypto/CalculatorMaker.h"
 #include "crypto/HashCatalogue.h"
-#include "crypto/cryptopp/CCrc32HashEngine.h"
-#include "crypto/cryptopp/CHash.h"
+#include "crypto/IHashFactoryBase.h"
 #include "crypto/cryptopp/CHashEngine.h"
 
 // Crypto++ offers MD2, MD4 and MD5 only to those who say that they know of their weakness.

@@ -2,7 +2,6 @@
 
 #include "crypto/HashResult.h"
 #include "crypto/IHash.h"
-#include "crypto/IHashCallback.h"
 #include "crypto/SHashData.h"
 
 #include <cstdint>

@@ -1,8 +1,7 @@
 #include "crypto/skein/SkeinHashFactory.h"
 
-#include "crypto/CalculatorMaker.h"
 #include "crypto/HashCatalogue.h"
-#include "crypto/skein/Hash.h"
+#include "crypto/IHashFactoryBase.h"
 #include "crypto/skein/SkeinHashEngines.h"
 
 namespace quillon::skein {

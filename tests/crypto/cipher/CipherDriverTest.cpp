@@ -1,5 +1,5 @@
 #include "crypto/cipher/CipherTestTools.h"
-#include "platform/Ticks.h"
+#include "platform/Clock.h"
 
 #include <array>
 #include <new>

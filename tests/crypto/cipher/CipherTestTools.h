@@ -2,10 +2,8 @@
 
 #include "crypto/PrintHashResult.h"
 #include "crypto/TestDoubles.h"
-#include "crypto/cipher/CSymmetricDecryptor.h"
-#include "crypto/cipher/CSymmetricEncryptor.h"
-#include "crypto/cryptopp/CSymmetricDecryptorEngine.h"
-#include "crypto/cryptopp/CSymmetricEncryptorEngine.h"
+#include "crypto/cipher/CSymmetricCipher.h"
+#include "crypto/cryptopp/CSymmetricEngine.h"
 #include "io/IIStream.h"
 #include "support/Bytes.h"
 

@@ -1,7 +1,6 @@
 #include "crypto/skein/SkeinCore.h"
 
 #include "crypto/skein/SkeinInitialValues.h"
-#include "crypto/skein/SkeinState.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // What can happen to the log file on a system that lets anybody rename, remove and replace an open file.
 
 #include "logger/LogFileTest.h"
-#include "platform/LogFile.h"
+#include "platform/Files.h"
 
 #include <sys/resource.h>
 #include <sys/stat.h>

@@ -1,11 +1,8 @@
 // The small services of the system that have little to say each.
 
-#include "platform/LocalTime.h"
-#include "platform/ProcessIds.h"
-#include "platform/ProgramArguments.h"
-#include "platform/ProgramPath.h"
+#include "platform/Clock.h"
+#include "platform/Process.h"
 #include "platform/RuntimeLibrary.h"
-#include "platform/SystemErrorText.h"
 
 #include <gtest/gtest.h>
 #include <unistd.h>
@@ -19,22 +16,6 @@
 
 namespace quillon::platform {
 namespace {
-
-TEST(SystemErrorText, KnownNumbersHaveAnEnglishTextAndUnknownOnesNone)
-{
-    EXPECT_EQ(osErrorText(ENOENT), "No such file or directory");
-    EXPECT_EQ(osErrorText(EISDIR), "Is a directory");
-    for (const std::uint32_t unknown : {100000U, 0x80000000U, 0xFFFFFFFFU})
-        EXPECT_EQ(osErrorText(unknown), "") << unknown;
-}
-
-TEST(ProgramPath, NamesTheProgramThatRuns)
-{
-    const std::filesystem::path path = programPath();
-    EXPECT_TRUE(path.is_absolute());
-    EXPECT_EQ(path.filename(), "platform_test");
-    EXPECT_TRUE(std::filesystem::exists(path));
-}
 
 TEST(ProgramArguments, AreThoseBehindTheProgramsName)
 {
@@ -51,17 +32,6 @@ TEST(ProcessIds, AreThoseOfTheProcessAndOfTheCallingThread)
     std::uint32_t other = 0;
     std::thread([&] { other = currentThreadId(); }).join();
     EXPECT_NE(other, currentThreadId());
-}
-
-TEST(RuntimeLibrary, FindsWhatALibraryExportsAndNothingElse)
-{
-    const RuntimeLibrary library = loadRuntimeLibrary("libm.so.6");
-    ASSERT_TRUE(library);
-    EXPECT_NE(findLibrarySymbol(library, "cos"), nullptr);
-    EXPECT_EQ(findLibrarySymbol(library, "no_such_function"), nullptr);
-    const RuntimeLibrary missing = loadRuntimeLibrary("libno-such-library.so");
-    EXPECT_FALSE(missing);
-    EXPECT_EQ(findLibrarySymbol(missing, "cos"), nullptr);
 }
 
 TEST(LocalTime, FollowsTheTimeZone)

@@ -1,10 +1,7 @@
 // The small services of the system that have little to say each.
 
-#include "platform/ProcessIds.h"
-#include "platform/ProgramArguments.h"
-#include "platform/ProgramPath.h"
+#include "platform/Process.h"
 #include "platform/RuntimeLibrary.h"
-#include "platform/SystemErrorText.h"
 
 #include <windows.h>
 

@@ -80,21 +80,6 @@ TEST_F(UserActions, ThatAreDamagedAreLeftAlone)
     }
 }
 
-TEST_F(UserActions, SurviveCuts)
-{
-    install({"thunar"});
-    write(m_actions, kFull);
-    ASSERT_EQ(create(), err::ResultCode{});
-    const std::string whole = bytes(path(m_actions));
-    for (std::size_t size = 0; size + 2 < whole.size(); size += 5) {
-        const std::string cut = whole.substr(0, size);
-        write(m_actions, cut);
-        ASSERT_FALSE(err::succeeded(create())) << cut;
-        static_cast<void>(remove());
-        ASSERT_EQ(bytes(path(m_actions)), cut);
-    }
-}
-
 TEST_F(UserActions, BehindALinkStayThere)
 {
     install({"thunar"});

@@ -1,6 +1,7 @@
 // The check with the real libcurl, and servers of the tests' own on loopback.
 
-#include "platform/CurlLibraryPaths.h"
+#include "platform/Network.h"
+
 #include "support/PrintResultCode.h"
 #include "support/Wait.h"
 #include "web/CurlRequest.h"

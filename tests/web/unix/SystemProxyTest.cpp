@@ -1,6 +1,6 @@
 #include "web/SystemProxy.h"
 
-#include "platform/SystemProxySettings.h"
+#include "platform/SystemProxy.h"
 #include "platform/unix/ProxyLibrary.h"
 #include "support/PrintResultCode.h"
 #include "support/TempFolder.h"

@@ -1,13 +1,12 @@
-#include "platform/qt/FileDialogFilter.h"
-#include "platform/qt/SettingsStore.h"
 #include "platform/qt/TaskbarProgress.h"
+#include "platform/qt/UserPlaces.h"
 #include "platform/qt/unix/SessionBusProbe.h"
 #include "support/LauncherBus.h"
+#include "support/QtWait.h"
 #include "support/TempFolder.h"
 
 #include <QElapsedTimer>
 #include <QFileInfo>
-#include <QTest>
 
 #include <gtest/gtest.h>
 #include <poll.h>
@@ -15,7 +14,6 @@
 #include <sys/un.h>
 #include <unistd.h>
 
-#include <functional>
 #include <memory>
 #include <string>
 
@@ -24,16 +22,6 @@ namespace {
 
 constexpr QFile::Permissions kOwnerOnly =
     QFile::ReadOwner | QFile::WriteOwner | QFile::ReadUser | QFile::WriteUser;
-
-bool waitFor(const std::function<bool()>& condition)
-{
-    return QTest::qWaitFor(condition, 60'000);
-}
-
-TEST(FileDialogFilter, ShowsNamesWithoutADotToo)
-{
-    EXPECT_EQ(allFilesPattern(), " (*)");
-}
 
 class SettingsStoreTest : public testing::Test
 {
@@ -51,13 +39,6 @@ protected:
 private:
     QByteArray m_former = qgetenv("XDG_CONFIG_HOME");
 };
-
-TEST_F(SettingsStoreTest, IsAnIniFileWithTheOrganisationAsItsFolder)
-{
-    const SettingsStore store = settingsStore("House", "Product");
-    EXPECT_EQ(store.path.toStdString(), folder.file("House/Product.conf").string());
-    EXPECT_EQ(store.format, QSettings::IniFormat);
-}
 
 TEST_F(SettingsStoreTest, IsMadeForItsOwnerAloneAndStaysSoWhenItIsWritten)
 {
@@ -89,7 +70,7 @@ TEST(TaskbarProgress, TellsTheDockWhatChangesWhileItIsShown)
     auto progress = std::make_unique<TaskbarProgress>(0);
     progress->setValue(30);
     progress->show();
-    ASSERT_TRUE(waitFor([&bus] { return bus.updates().size() == 1; }));
+    ASSERT_TRUE(tests::waitFor([&bus] { return bus.updates().size() == 1; }));
     for (const int value : {55, 55, 400, -1})
         progress->setValue(value);
     progress->hide();
@@ -98,7 +79,7 @@ TEST(TaskbarProgress, TellsTheDockWhatChangesWhileItIsShown)
     progress.reset();
     const QStringList expected{"shown 0.3", "shown 0.55", "shown 1",   "shown 0",
                                "hidden 0",  "shown 0.2",  "hidden 0.2"};
-    EXPECT_TRUE(waitFor([&] { return bus.updates().size() >= expected.size(); }));
+    EXPECT_TRUE(tests::waitFor([&] { return bus.updates().size() >= expected.size(); }));
     EXPECT_EQ(bus.updates(), expected) << bus.updates().join(", ").toStdString();
     EXPECT_EQ(bus.application(), "application://example.quillon.Kestrum.desktop");
 }

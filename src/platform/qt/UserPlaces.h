@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QSettings>
+#include <QString>
+
+namespace quillon::platform {
+
+/// The folder in which programs keep this user's data, without a separator at its end: the roaming
+/// application data on Windows, the XDG data home on Unix. Need not exist. Empty where the system does not
+/// say.
+[[nodiscard]] QString userDataFolder();
+
+/// Where QSettings finds the settings of one product of this user.
+struct SettingsStore
+{
+    QString path;
+    QSettings::Format format;
+};
+
+/// The store of `product`, with the organisation as the level above it. Where the store is a file it exists
+/// afterwards and only its owner can read it, as it will hold a password; a failure to make it so is silent,
+/// and reading it then gives defaults.
+[[nodiscard]] SettingsStore settingsStore(const QString& organisation, const QString& product);
+
+/// The full path of the program's entry in the user's Send To menu: on Windows a shortcut with the name
+/// `productName`, on Unix a desktop entry with the name `productId` where Thunar looks for them. It need not
+/// exist. Empty where the system does not say.
+[[nodiscard]] QString sendToLinkPath(const QString& productName, const QString& productId);
+
+/// The pattern with which a file dialog of this system shows every file, in parentheses: " (*)" or " (*.*)".
+[[nodiscard]] QString allFilesPattern();
+
+} // namespace quillon::platform
