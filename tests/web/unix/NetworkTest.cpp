@@ -10,17 +10,19 @@
 #include <dlfcn.h>
 #include <gtest/gtest.h>
 #include <netdb.h>
+#include <poll.h>
 
 #include <atomic>
 #include <filesystem>
-#include <fstream>
 #include <functional>
 #include <future>
-#include <sstream>
 
 namespace {
 
-/// This name is looked up for as long as its look-up is held.
+/// Whether the system is asked to wait a second for a socket, as libcurl does when it has nothing else to do.
+std::atomic<bool> isWaiting{false};
+
+/// The look-up of this name is held until it is released.
 constexpr const char* kSlowHost = "slow.invalid";
 std::atomic<bool> isLookingUp{false};
 std::atomic<bool> isReleased{false};
@@ -33,7 +35,17 @@ void releaseLookUp()
 
 } // namespace
 
-/// Stands in front of the C library's.
+// The two stand in front of the C library's.
+
+extern "C" __attribute__((visibility("default"))) int poll(pollfd* sockets, nfds_t count, int limit)
+{
+    static const auto next = reinterpret_cast<decltype(&poll)>(dlsym(RTLD_NEXT, "poll"));
+    isWaiting = limit > 900;
+    const int ready = next(sockets, count, limit);
+    isWaiting = false;
+    return ready;
+}
+
 extern "C" __attribute__((visibility("default"))) int
 getaddrinfo(const char* node, const char* service, const addrinfo* hints, addrinfo** result) noexcept(false)
 {
@@ -90,24 +102,34 @@ protected:
 
 TEST_F(Network, AnEmptyPostGoesThroughTheProxyAndAnAnswerOfAnyStatusIsTakenWhole)
 {
-    const LocalServer proxy(
-        {"HTTP/1.1 302 Found\r\nLocation: /moved\r\nContent-Length: 0\r\n"
-         "Connection: close\r\n\r\n",
-         "HTTP/1.1 404 Not Found\r\nContent-Length: 1000000\r\nConnection: close\r\n\r\n" +
-             std::string(1'000'000, 'x')});
+    const std::string moved = "HTTP/1.1 302 Found\r\nLocation: /moved\r\nContent-Length: 0\r\n"
+                              "Connection: close\r\n\r\n";
+    const std::string missing = "HTTP/1.1 404 Not Found\r\nContent-Length: 1000000\r\n"
+                                "Connection: close\r\n\r\n";
+    const std::string body(1'000'000, 'x');
+    const LocalServer proxy({moved, missing + body, moved, missing + body});
     CurlRequest request("http://host.invalid/page");
-    unsigned httpCode = 0;
-    EXPECT_EQ(
-        request.perform(&m_library, {0, "127.0.0.1", proxy.port(), "name", "p4ssw0rd"}, &httpCode).first,
-        ResultCode{});
-    EXPECT_EQ(httpCode, 404U);
-    EXPECT_EQ(request.receivedBodyBytes(), 1'000'000U);
-    EXPECT_GT(request.receivedHeaderBytes(), 100U);
+    for (int round = 0; round < 2; ++round) {
+        unsigned httpCode = 0;
+        const NetProxy<char> way{0, "127.0.0.1", proxy.port(), "name", "p4ssw0rd"};
+        EXPECT_EQ(request.perform(&m_library, way, &httpCode).first, ResultCode{});
+        EXPECT_EQ(httpCode, 404U);
+        EXPECT_EQ(request.receivedHeaderBytes(), moved.size() + missing.size());
+        EXPECT_EQ(request.receivedBodyBytes(), body.size());
+    }
     const std::string sent = proxy.requests();
     EXPECT_TRUE(sent.starts_with("POST http://host.invalid/page HTTP/1.1\r\n")) << sent;
     for (const char* const part : {"Content-Length: 0\r\n", "Basic bmFtZTpwNHNzdzByZA==\r\n",
                                    "User-Agent: Mozilla/5.0 (", "http://host.invalid/moved HTTP/1.1\r\n"})
         EXPECT_NE(sent.find(part), std::string::npos) << part << " is not in\n" << sent;
+    int others[16] = {};
+    for (int i = 0; i < 16; i += 2)
+        ASSERT_EQ(socketpair(AF_UNIX, SOCK_STREAM, 0, &others[i]), 0);
+    request.stop();
+    for (const int other : others)
+        EXPECT_EQ(send(other, "x", 1, MSG_NOSIGNAL), 1) << "the new owner of the socket's number was harmed";
+    for (const int other : others)
+        close(other);
 }
 
 TEST_F(Network, AStopInTheMiddleOfTheAnswerEndsTheRequestAtOnce)
@@ -115,7 +137,7 @@ TEST_F(Network, AStopInTheMiddleOfTheAnswerEndsTheRequestAtOnce)
     const LocalServer server({"HTTP/1.1 200 OK\r\nContent-Length: 9\r\n\r\nbegin"});
     CurlRequest request(urlOf(server));
     expectStop(
-        request, [&] { return request.receivedBodyBytes() == 5; }, milliseconds(500));
+        request, [&] { return request.receivedBodyBytes() == 5 && isWaiting; }, milliseconds(500));
 }
 
 TEST_F(Network, AStopWhileTheServerIsBeingConnectedEndsTheRequestAtOnce)
@@ -123,14 +145,8 @@ TEST_F(Network, AStopWhileTheServerIsBeingConnectedEndsTheRequestAtOnce)
     const LocalServer busy({});
     busy.fillQueue();
     CurlRequest request(urlOf(busy));
-    std::ostringstream waiting;
-    waiting << ':' << std::uppercase << std::hex << busy.port() << " 02 "; // the system's SYN_SENT
-    const auto isConnecting = [&] {
-        std::ostringstream sockets;
-        sockets << std::ifstream("/proc/net/tcp").rdbuf();
-        return sockets.str().find(waiting.str()) != std::string::npos;
-    };
-    expectStop(request, isConnecting, milliseconds(500));
+    expectStop(
+        request, [] { return isWaiting.load(); }, milliseconds(500));
 }
 
 TEST_F(Network, AStopDuringALookUpEndsTheRequestAndTheLookUpMayGoOnBehindTheEndOfTheLibrary)
