@@ -35,8 +35,9 @@ TEST_F(LogFileTest, IsMadeWithTheFirstLineAndTextsAreWrittenAsTheyAre)
 {
     EXPECT_TRUE(std::filesystem::is_empty(folder.path()));
     ASSERT_TRUE(logsAfter("", "caf\xC3\xA9\r\n\xE6\x96\x87")) << content();
+    const std::string before = content();
     appender->append(0, 1, 2, ELogLevel::Error, nullptr, nullptr, 0);
-    EXPECT_TRUE(logsAfter(content() + "[ERROR] [00001] [00002] [] \n", "text")) << content();
+    EXPECT_TRUE(logsAfter(before + "[ERROR] [00001] [00002] [] \n", "text")) << content();
 }
 
 TEST_F(LogFileTest, IsContinuedOnALineOfItsOwnByAnotherStart)

@@ -105,11 +105,13 @@ TEST_F(Log, AStatementAtALevelThatIsOffTakesNoMemoryAndWritesNothing)
 
 TEST_F(Log, TheSenderAndItsAppendersStayUntilTheLastStatementEnds)
 {
-    EXPECT_EQ(messageOf([](auto& record) {
-                  EXPECT_EQ(getLogSender()->release(), 1);
-                  record << "last";
-              }),
-              "last");
+    int left = -1;
+    const auto write = [&](auto& record) {
+        left = getLogSender()->release();
+        record << "last";
+    };
+    EXPECT_EQ(messageOf(write), "last");
+    EXPECT_EQ(left, 1);
     EXPECT_FALSE(appenders().isAppenderEnabled(1));
 }
 

@@ -2,17 +2,9 @@
 
 #include "web/FakeCurl.h"
 
+#include <csignal>
 #include <cstdarg>
 #include <cstdio>
-
-namespace {
-
-bool isText(int option)
-{
-    return option == 10002 || option == 10004 || option == 10018 || option == 10175 || option == 10176;
-}
-
-} // namespace
 
 extern "C" {
 
@@ -20,29 +12,32 @@ FakeCurl fake_curl;
 
 int curl_easy_setopt(void* /*handle*/, int option, ...)
 {
-    char* const end = fake_curl.options + fake_curl.length;
-    const std::size_t room = sizeof fake_curl.options - fake_curl.length;
     std::va_list values;
     va_start(values, option);
-    const int written = option < 10000 ? std::snprintf(end, room, "%d=%ld ", option, va_arg(values, long))
-                        : isText(option)
-                            ? std::snprintf(end, room, "%d=%s ", option, va_arg(values, const char*))
-                            : std::snprintf(end, room, "%d= ", option);
+    char value[256] = "";
+    if (option < 10000)
+        std::snprintf(value, sizeof value, "%ld", va_arg(values, long));
+    else if (option == 10002 || option == 10004 || option == 10018 || option == 10175 || option == 10176)
+        std::snprintf(value, sizeof value, "%s", va_arg(values, const char*));
     va_end(values);
-    fake_curl.length += static_cast<unsigned>(written);
+    fake_curl.length += static_cast<unsigned>(std::snprintf(fake_curl.options + fake_curl.length,
+                                                            sizeof fake_curl.options - fake_curl.length,
+                                                            "%d=%s ", option, value));
     return option == fake_curl.refusedOption ? 48 : 0;
 }
 
 int curl_easy_perform(void* /*handle*/)
 {
-    if (fake_curl.onPerform != nullptr)
-        fake_curl.onPerform();
-    return 0;
+#ifdef SIGPIPE
+    std::raise(SIGPIPE); // as a write to a server that has gone does
+#endif
+    return fake_curl.performCode;
 }
 
-int curl_easy_getinfo(void* /*handle*/, int /*info*/, ...)
+int curl_easy_getinfo(void* /*handle*/, int /*info*/, long* status)
 {
-    return 0;
+    *status = fake_curl.status;
+    return fake_curl.infoCode;
 }
 
 void* curl_easy_init()

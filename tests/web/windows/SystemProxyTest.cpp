@@ -1,12 +1,14 @@
 #include "web/SystemProxy.h"
 
 #include "support/PrintResultCode.h"
+#include "sync/ScopeExit.h"
 
 #include <windows.h>
 
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
 
 namespace quillon::web {
 namespace {
@@ -26,59 +28,41 @@ std::string connectionSettings(const std::string& proxy)
            number(0) + number(0) + std::string(32, '\0');
 }
 
-/// Another registry of the user's for the length of a test, with a proxy in it; the real one is left alone.
-class UserProxy
+/// Gives the user another registry with a proxy in it until the end of the scope; the real one is left alone.
+auto withUserProxy(const std::string& proxy)
 {
-public:
-    explicit UserProxy(const std::string& proxy)
-    {
-        const std::string settings = connectionSettings(proxy);
-        RegCreateKeyExW(HKEY_CURRENT_USER, kTestKey, 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &m_hive,
-                        nullptr);
-        RegOverridePredefKey(HKEY_CURRENT_USER, m_hive);
-        RegSetKeyValueW(HKEY_CURRENT_USER, kConnections, L"DefaultConnectionSettings", REG_BINARY,
-                        settings.data(), static_cast<DWORD>(settings.size()));
-    }
-    ~UserProxy()
-    {
+    constexpr const wchar_t* kTestKey = L"Software\\KestrumTestHive";
+    const std::string settings = connectionSettings(proxy);
+    HKEY hive = nullptr;
+    RegCreateKeyExW(HKEY_CURRENT_USER, kTestKey, 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &hive, nullptr);
+    RegOverridePredefKey(HKEY_CURRENT_USER, hive);
+    RegSetKeyValueW(HKEY_CURRENT_USER, kConnections, L"DefaultConnectionSettings", REG_BINARY,
+                    settings.data(), static_cast<DWORD>(settings.size()));
+    return sync::ScopeExit([hive] {
         RegOverridePredefKey(HKEY_CURRENT_USER, nullptr);
-        RegCloseKey(m_hive);
+        RegCloseKey(hive);
         RegDeleteTreeW(HKEY_CURRENT_USER, kTestKey);
-    }
-    UserProxy(const UserProxy&) = delete;
-    UserProxy& operator=(const UserProxy&) = delete;
-
-private:
-    static constexpr const wchar_t* kTestKey = L"Software\\KestrumTestHive";
-    HKEY m_hive = nullptr;
-};
+    });
+}
 
 TEST(SystemProxy, OfTheUsersRegistryIsFoundAndCutAtItsFirstColon)
 {
-    struct Case
-    {
-        const char* registry;
-        const char* server;
-        int port;
+    const std::tuple<const char*, const char*, int, int> rows[] = {
+        {"proxy.example:3128", "proxy.example", 3128, 1},
+        {"host", "host", 80, 1},
+        {"http=a:1;https=b:2", "http=a", 1, 1},
+        {"", "", 0, 0},
     };
-    for (const Case& test : {Case{"proxy.example:3128", "proxy.example", 3128}, Case{"host", "host", 80},
-                             Case{"http=a:1;https=b:2", "http=a", 1}}) {
-        const UserProxy user(test.registry);
-        const SGetSystemProxySettings found = querySystemProxy();
-        EXPECT_EQ(found.result, err::ResultCode{});
-        EXPECT_EQ(found.proxy.server, test.server);
-        EXPECT_EQ(found.proxy.port, test.port);
-        EXPECT_EQ(found.proxy.type, 1);
+    for (const auto& [registry, server, port, type] : rows) {
+        const auto user = withUserProxy(registry);
+        EXPECT_EQ(querySystemProxy().proxy.server, server);
+        NetProxy<char> proxy{2, "former", 1, "name", "word"};
+        EXPECT_EQ(getUserProxy(proxy), err::ResultCode{});
+        EXPECT_EQ(proxy.server, server);
+        EXPECT_EQ(proxy.port, port);
+        EXPECT_EQ(proxy.type, type);
+        EXPECT_EQ(proxy.login + proxy.password, "");
     }
-}
-
-TEST(SystemProxy, ThatIsNotSetIsAnEmptySuccess)
-{
-    const UserProxy user("");
-    NetProxy<char> former{2, "former", 1, "name", "word"};
-    EXPECT_EQ(getUserProxy(former), err::ResultCode{});
-    EXPECT_EQ(former.server + former.login + former.password, "");
-    EXPECT_EQ(querySystemProxy().result, err::ResultCode{});
 }
 
 } // namespace
