@@ -1,10 +1,10 @@
 #include "app/MainWindowTest.h"
 #include "platform/qt/UserPlaces.h"
+#include "support/UrlDesktop.h"
 
 #include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
-#include <QDesktopServices>
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
@@ -222,21 +222,6 @@ TEST_F(FileInput, OnlyTheFirstShowActsOnTheCommandLineAndTheSettings)
     EXPECT_EQ(driver.window().windowTitle(), "other");
 }
 
-TEST_F(FileInput, DetailsOfAFolderNameNoSizeAndPermissionsStandLast)
-{
-    ASSERT_TRUE(
-        QFile::setPermissions(file, QFile::ReadOwner | QFile::ExeOwner | QFile::ReadGroup | QFile::ExeOther));
-    MainWindowDriver driver({file});
-    // Where the system has no permissions of groups and others it shows the owner's for all three.
-    if (!QFileInfo(file).permission(QFile::ReadOther)) {
-        EXPECT_TRUE(driver.details().endsWith("\nFile permissions: -r-xr----x"))
-            << driver.details().toStdString();
-    }
-    driver.type(folderName());
-    EXPECT_FALSE(driver.details().contains("File size:"));
-    EXPECT_TRUE(driver.details().contains("Last modified: "));
-}
-
 QColor colourOfDetails(const MainWindowDriver& driver)
 {
     QTextCursor cursor(driver.child<QTextEdit>("textEditInputFileDetails").document());
@@ -274,60 +259,33 @@ TEST_F(FileInput, ANameThatChangesItsCaseOnlyLosesTheDigestButNotTheCaption)
     EXPECT_EQ(driver.caption(), "Calculated hash for the file");
 }
 
-/// Takes what the program gives to the desktop to open.
-class Desktop final : public QObject
-{
-    Q_OBJECT
-
-public:
-    Desktop()
-    {
-        for (const char* scheme : kSchemes)
-            QDesktopServices::setUrlHandler(scheme, this, "open");
-    }
-    ~Desktop() override
-    {
-        for (const char* scheme : kSchemes)
-            QDesktopServices::unsetUrlHandler(scheme);
-    }
-
-    QStringList opened;
-
-public slots:
-    void open(const QUrl& url) { opened += url.toString(); }
-
-private:
-    static constexpr const char* kSchemes[]{"file", "https", "mailto"};
-};
-
 TEST_F(FileInput, TheContainingFolderOpensWhereThereIsOne)
 {
-    Desktop desktop;
+    UrlDesktop desktop;
     MainWindowDriver driver;
     driver.click("buttonGotoInputDir");
     driver.type("/no/such/folder/x");
     driver.press(Qt::Key_F9, Qt::ControlModifier);
-    EXPECT_EQ(desktop.opened, QStringList());
+    EXPECT_TRUE(desktop.opened.isEmpty());
     driver.type(nameOf("ü gone"));
     driver.click("buttonGotoInputDir");
     driver.press(Qt::Key_F9, Qt::ControlModifier);
     driver.chooseFromMenu("menuFile", "actionFile_InputDir");
-    const QString url = QUrl::fromLocalFile(folderName()).toString();
-    EXPECT_EQ(desktop.opened, QStringList({url, url, url}));
+    const QUrl url = QUrl::fromLocalFile(folderName());
+    EXPECT_EQ(desktop.opened, QList<QUrl>({url, url, url}));
 }
 
 TEST_F(FileInput, TheHelpMenuOpensTheProductsPages)
 {
-    Desktop desktop;
+    UrlDesktop desktop;
     MainWindowDriver driver;
     for (const char* action : {"actionHelp_HomePage", "actionHelp_Donate", "actionHelp_SupportEmail"})
         driver.chooseFromMenu("menuHelp", action);
-    EXPECT_EQ(desktop.opened,
-              QStringList({"https://kestrum.quillon.example/", "https://kestrum.quillon.example/donate",
-                           "mailto:support@quillon.example?subject=" + driver.window().windowTitle()}));
+    EXPECT_EQ(
+        desktop.opened,
+        QList<QUrl>({QUrl("https://kestrum.quillon.example/"), QUrl("https://kestrum.quillon.example/donate"),
+                     QUrl("mailto:support@quillon.example?subject=" + driver.window().windowTitle())}));
 }
 
 } // namespace
 } // namespace quillon::tests
-
-#include "FileInputTest.moc"

@@ -40,14 +40,6 @@ TEST_F(ReadFault, AFileRemovedInMidRunIsDigestedToItsEnd)
     EXPECT_EQ(driver.hex(), sha256Hex(bytes));
 }
 
-TEST_F(ReadFault, AFileMadeUnreadableInMidRunIsDigestedToItsEnd)
-{
-    startAndMeanwhile([this] { std::filesystem::permissions(path, std::filesystem::perms::none); });
-    ASSERT_TRUE(driver.waitForEnd());
-    EXPECT_EQ(driver.status(), successStatus());
-    EXPECT_EQ(driver.hex(), sha256Hex(bytes));
-}
-
 TEST_F(ReadFault, AFileThatGrowsInMidRunIsDigestedAsFarAsItWentAtTheStart)
 {
     startAndMeanwhile([this] { std::filesystem::resize_file(path, 2 * bytes.size()); });

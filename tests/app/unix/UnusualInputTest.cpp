@@ -1,12 +1,11 @@
 // What a Unix system has beside plain files, and what it can refuse.
 
 #include "app/MainWindowTest.h"
+#include "support/OrdinaryUser.h"
 
 #include <fcntl.h>
 #include <pthread.h>
-#include <sys/fsuid.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <cerrno>
 #include <filesystem>
@@ -36,34 +35,12 @@ TEST_F(UnusualInput, WhatHasNoFixedBytesIsRefusedAtOnce)
         expectFailure(file, "Operation not supported (error: 1/95)");
 }
 
-TEST_F(UnusualInput, ALinkToNothingIsNotFound)
-{
-    std::filesystem::create_symlink(folder.file("gone"), folder.file("link"));
-    MainWindowDriver driver;
-    driver.type(nameOf("link"));
-    driver.press(Qt::Key_F5);
-    EXPECT_EQ(driver.status(), errorStatus("File to calculate hash is not found."));
-}
-
-/// While it lives, root reads files as anybody does. For everybody else it changes nothing.
-class WithoutPrivileges
-{
-public:
-    WithoutPrivileges() { setfsuid(kNobody); }
-    WithoutPrivileges(const WithoutPrivileges&) = delete;
-    WithoutPrivileges& operator=(const WithoutPrivileges&) = delete;
-    ~WithoutPrivileges() { setfsuid(geteuid()); }
-
-private:
-    static constexpr uid_t kNobody = 65534;
-};
-
 TEST_F(UnusualInput, AFileThatMayNotBeReadIsNamedSo)
 {
     const QString file = write("secret", "secret");
     std::filesystem::permissions(folder.path(), std::filesystem::perms(0755));
     std::filesystem::permissions(folder.file("secret"), std::filesystem::perms::none);
-    const WithoutPrivileges nobody;
+    const OrdinaryUser user;
     expectFailure(file, "Permission denied (error: 1/13)");
 }
 

@@ -112,15 +112,5 @@ TEST(InputFile, WhatCannotBeReadAsAFileIsRefusedAtOnceWithTheReason)
         EXPECT_EQ(openResult(path), systemError(error)) << path;
 }
 
-TEST(InputFile, AFileRemovedAfterItsOpenIsReadToItsEnd)
-{
-    const tests::TempFolder folder;
-    const fs::path path = folder.write("short-lived", "still here");
-    std::unique_ptr<InputFile> file;
-    ASSERT_EQ(openInputFile(tests::wideName(path), file), err::ResultCode{});
-    fs::remove(path);
-    EXPECT_EQ(readAll(*file), "still here");
-}
-
 } // namespace
 } // namespace quillon::platform
