@@ -1,10 +1,8 @@
 // What can happen to the log file on a system that lets anybody rename, remove and replace an open file.
 
 #include "logger/LogFileTest.h"
-#include "platform/Files.h"
 
 #include <sys/resource.h>
-#include <sys/stat.h>
 
 #include <csignal>
 
@@ -53,16 +51,6 @@ TEST_F(LogFileFault, ALineCutByAFullDiskIsEndedBeforeTheNext)
     setrlimit(RLIMIT_FSIZE, &former);
     ASSERT_TRUE(logsAgain("second"));
     EXPECT_TRUE(content().starts_with(cut + '\n' + lineOf("second"))) << content();
-}
-
-// A pipe without a reader would hold up whoever opens it, and one with a full buffer whoever writes.
-TEST_F(LogFileFault, APipeInTheFilesPlaceIsRefusedAtOnce)
-{
-    const std::string pipe = folder.file("pipe");
-    ASSERT_EQ(mkfifo(pipe.c_str(), S_IRUSR | S_IWUSR), 0);
-    EXPECT_FALSE(platform::openLogFile(pipe, platform::LogFileStart::Keep));
-    const std::fstream reader(pipe);
-    EXPECT_FALSE(platform::openLogFile(pipe, platform::LogFileStart::Keep)) << "with a reader";
 }
 
 TEST_F(LogFileFault, TwoWritersOfOneFileTearNoLine)

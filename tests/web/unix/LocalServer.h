@@ -28,8 +28,6 @@ public:
                 serve(answer);
         });
     }
-    LocalServer(const LocalServer&) = delete;
-    LocalServer& operator=(const LocalServer&) = delete;
     ~LocalServer()
     {
         shutdown(m_listener, SHUT_RDWR);
