@@ -83,14 +83,18 @@ protected:
         std::wstring lines;
         for (const wchar_t* type : {L"Directory", L"*"})
             for (const std::wstring& name : {text, std::wstring(L"Send To Kestrum")})
-                lines.append(L"remove|").append(type).append(L"|").append(name).append(L"|" + kId + L"\n");
+                lines.append(L"removeShellContextMenuForUserT|")
+                    .append(type)
+                    .append(L"|")
+                    .append(name)
+                    .append(L"|" + kId + L"\n");
         return lines;
     }
 
     [[nodiscard]] static std::wstring creation(const std::wstring& text)
     {
-        return L"create|*|" + text + L'|' + platform::shellFileCommand(platform::programPath()) + L'|' + kId +
-               L'\n';
+        return L"createShellContextMenuForUserT|*|" + text + L'|' +
+               platform::shellFileCommand(platform::programPath()) + L'|' + kId + L'\n';
     }
 
     void makeLink() const
@@ -162,8 +166,8 @@ TEST_F(CShellIntegrationTest, RemovesTheLinkWithoutTheLibraryButMakesNone)
 TEST_F(CShellIntegrationTest, MakesTheLinkWhereNoFileIsAndSparesAFolder)
 {
     loadRecorder();
-    const std::wstring link = L"link|" + text::wideFromUtf8(platform::programPath()) + L"|Kestrum|" +
-                              m_linkName.toStdWString() + L'\n';
+    const std::wstring link = L"createShellLinkW|" + text::wideFromUtf8(platform::programPath()) +
+                              L"|Kestrum|" + m_linkName.toStdWString() + L'\n';
     EXPECT_EQ(m_shell.createSendToLink(), kRecorded);
     EXPECT_EQ(calls(), link);
     makeLink();
