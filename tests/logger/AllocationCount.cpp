@@ -15,6 +15,13 @@ void* operator new(std::size_t size)
     throw std::bad_alloc();
 }
 
+// std::stable_sort asks this way, and gives back the way below.
+void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept
+{
+    ++g_allocations;
+    return std::malloc(size);
+}
+
 void operator delete(void* memory) noexcept
 {
     std::free(memory);
