@@ -1,4 +1,4 @@
-// What the system makes of names and of other holders of a file.
+// What the system makes of other holders of a file.
 
 #include "platform/InputFile.h"
 
@@ -9,7 +9,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <memory>
 #include <string>
 
@@ -19,35 +18,6 @@ namespace {
 using tests::TempFolder;
 using tests::wideName;
 
-err::ResultCode openResult(const std::wstring& name)
-{
-    std::unique_ptr<InputFile> file;
-    const err::ResultCode result = openInputFile(name, file);
-    EXPECT_EQ(file != nullptr, err::succeeded(result));
-    return result;
-}
-
-TEST(InputFile, OpensAFileUnderEveryFormOfItsName)
-{
-    const TempFolder folder;
-    const std::wstring name =
-        wideName(folder.write("r\xC3\xA9sum\xC3\xA9 \xE6\x96\x87\xE5\xAD\x97 & 'x'.txt", ""));
-    std::wstring backward = name;
-    std::ranges::replace(backward, L'/', L'\\');
-    std::wstring forward = name;
-    std::ranges::replace(forward, L'\\', L'/');
-    for (const std::wstring& form : {backward, forward, L"\\\\?\\" + backward})
-        EXPECT_EQ(openResult(form), err::ResultCode());
-}
-
-TEST(InputFile, ReportsTheSystemsErrorForWhatCannotBeOpened)
-{
-    const TempFolder folder;
-    EXPECT_EQ(openResult(wideName(folder.file("missing"))), err::systemError(ERROR_FILE_NOT_FOUND));
-    EXPECT_EQ(openResult(wideName(folder.file("missing/deeper"))), err::systemError(ERROR_PATH_NOT_FOUND));
-    EXPECT_EQ(openResult(wideName(folder.path())), err::systemError(ERROR_ACCESS_DENIED)) << "a folder";
-}
-
 TEST(InputFile, SharesWithAWriterAndIsRefusedByAnExclusiveHolder)
 {
     const TempFolder folder;
@@ -55,7 +25,8 @@ TEST(InputFile, SharesWithAWriterAndIsRefusedByAnExclusiveHolder)
     const auto resultWhileHeld = [&](DWORD access, DWORD sharing) {
         HANDLE const holder = CreateFileW(name.c_str(), access, sharing, nullptr, OPEN_EXISTING, 0, nullptr);
         EXPECT_NE(holder, INVALID_HANDLE_VALUE);
-        const err::ResultCode result = openResult(name);
+        std::unique_ptr<InputFile> file;
+        const err::ResultCode result = openInputFile(name, file);
         CloseHandle(holder);
         return result;
     };

@@ -27,6 +27,11 @@ const Names kNames[] = {{"kestrum", "plain"},
                         {"\u0438\u043C\u044F =", "\u0444\u0430\u0439\u043B \u6587\u4EF6"},
                         {"-dash", "-platform"}};
 
+/// Stands for the program: writes its arguments, a zero behind each, into a file beside itself.
+constexpr const char* kRecorder =
+    "#!/bin/sh\nfolder=${0%/*}\nfor text; do printf '%s\\0' \"$text\"; done >\"$folder/part\"\n"
+    "mv \"$folder/part\" \"$folder/arguments\"\n";
+
 using Replacements = std::vector<std::pair<std::string, std::string>>;
 
 /// `text` read once from left to right, with the first replacement that fits at each place.
@@ -55,7 +60,7 @@ protected:
     {
         setenv("PATH", (path("bin").string() + ":/usr/bin:/bin").c_str(), 1);
         install({"dolphin", "thunar", "nemo", "nautilus"});
-        std::filesystem::copy_file(KESTRUM_RECORDER, path(GetParam().program));
+        std::filesystem::permissions(write(GetParam().program, kRecorder), std::filesystem::perms::owner_all);
         write(GetParam().file, "");
         EXPECT_EQ(create(replaced(m_program, {{"\\", "\\\\"}, {"\"", "\\\""}, {"%", "%%"}})),
                   err::ResultCode());
