@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/Process.h"
 #include "shellhelper/HelperLibrary.h"
 #include "support/PrintResultCode.h"
 #include "support/TempFolder.h"
@@ -68,7 +69,7 @@ protected:
     static err::ResultCode create(const std::string& program = "/opt/k/kestrum",
                                   const wchar_t* text = L"Check")
     {
-        const std::wstring command = text::wideFromUtf8('"' + program + "\" \"%L\"");
+        const std::wstring command = platform::shellFileCommand(program);
         return asResult(helper().createShellContextMenuForUserT(L"*", text, command.c_str(), kId));
     }
 

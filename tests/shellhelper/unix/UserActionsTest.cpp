@@ -63,17 +63,27 @@ TEST_F(UserActions, OfOthersStayWhereTheyWroteMeanwhile)
     ASSERT_EQ(remove(), kSuccess);
     EXPECT_EQ(bytes(m_actions),
               "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<actions>\n" + kAction + "</actions>\n");
+    write(m_actions, "<actions><!-- " + m_id + " --></actions>");
+    EXPECT_EQ(exists(), err::systemError(ENOENT)) << "who only names our entry";
 }
 
 TEST_F(UserActions, ThatAreDamagedAreLeftAlone)
 {
-    std::vector<std::string> damaged{"<actions></action>",       "<actions/> text",
-                                     "<actions/><actions/>",     "</actions>",
-                                     "<other></other>",          "<actions><></></actions>",
-                                     "<actions>&</actions>",     "<actions>&other;</actions>",
-                                     "<actions>\xFF</actions>",  "<actions><!-- </actions>",
-                                     "<actions a=\"></actions>", "<actions <x/></actions>",
-                                     "<![CDATA[]]><actions/>",   "<actions/><!DOCTYPE actions>"};
+    std::vector<std::string> damaged{"<actions></action>",
+                                     "<actions/> text",
+                                     "<actions/><actions/>",
+                                     "</actions>",
+                                     "<other></other>",
+                                     "<actions><></></actions>",
+                                     "<actions>&</actions>",
+                                     "<actions>&other;</actions>",
+                                     "<actions>\xFF</actions>",
+                                     "<actions><!-- </actions>",
+                                     "<actions a=\"></actions>",
+                                     "<actions <x/></actions>",
+                                     "<![CDATA[]]><actions/>",
+                                     "<actions/><!DOCTYPE actions>",
+                                     "<actions><action><unique-id>" + m_id + "</unique-id></action>"};
     for (std::size_t size = 0; size < kFull.size() - 2; size += 5)
         damaged.push_back(kFull.substr(0, size));
     for (const std::string& before : damaged) {

@@ -40,28 +40,6 @@ TEST(SettingsStore, IsTheOwnersAloneHoweverItComesToBe)
     qputenv("XDG_CONFIG_HOME", former);
 }
 
-// The program's connection to the bus is made once, so all that needs a bus is one test.
-TEST(TaskbarProgress, TellsTheDockWhatChangesWhileItIsShown)
-{
-    tests::LauncherBus bus;
-    ASSERT_TRUE(bus.isListening());
-    auto progress = std::make_unique<TaskbarProgress>(0);
-    progress->setValue(30);
-    progress->show();
-    ASSERT_TRUE(tests::waitFor([&bus] { return bus.updates().size() == 1; }));
-    for (const int value : {55, 55, 400, -1})
-        progress->setValue(value);
-    progress->hide();
-    progress->setValue(20);
-    progress->show();
-    progress.reset();
-    const QStringList expected{"shown 0.3", "shown 0.55", "shown 1",   "shown 0",
-                               "hidden 0",  "shown 0.2",  "hidden 0.2"};
-    EXPECT_TRUE(tests::waitFor([&] { return bus.updates().size() >= expected.size(); }));
-    EXPECT_EQ(bus.updates(), expected) << bus.updates().join(", ").toStdString();
-    EXPECT_EQ(bus.application(), "application://example.quillon.Kestrum.desktop");
-}
-
 /// How many milliseconds a progress takes that is shown and gone.
 qint64 timeOfOneProgress()
 {
@@ -104,6 +82,29 @@ TEST(TaskbarProgress, WithoutABusThatAnswersIsSilentAndHoldsNobodyUp)
     hangUp.join();
     close(bus);
     qunsetenv("DBUS_SESSION_BUS_ADDRESS");
+}
+
+// The program's connection to the bus is made once, so all that needs a bus is one test, behind the one that
+// must not make it.
+TEST(TaskbarProgress, TellsTheDockWhatChangesWhileItIsShown)
+{
+    tests::LauncherBus bus;
+    ASSERT_TRUE(bus.isListening());
+    auto progress = std::make_unique<TaskbarProgress>(0);
+    progress->setValue(30);
+    progress->show();
+    ASSERT_TRUE(tests::waitFor([&bus] { return bus.updates().size() == 1; }));
+    for (const int value : {55, 55, 400, -1})
+        progress->setValue(value);
+    progress->hide();
+    progress->setValue(20);
+    progress->show();
+    progress.reset();
+    const QStringList expected{"shown 0.3", "shown 0.55", "shown 1",   "shown 0",
+                               "hidden 0",  "shown 0.2",  "hidden 0.2"};
+    EXPECT_TRUE(tests::waitFor([&] { return bus.updates().size() >= expected.size(); }));
+    EXPECT_EQ(bus.updates(), expected) << bus.updates().join(", ").toStdString();
+    EXPECT_EQ(bus.application(), "application://example.quillon.Kestrum.desktop");
 }
 
 } // namespace
