@@ -93,4 +93,11 @@ constexpr ResultCode programError(ErrorCode code) noexcept
     return {kGroupProgram, code};
 }
 
+/// The ResultCode of one of the operating system's numbers, whose type differs by system.
+template <class Number>
+constexpr ResultCode systemError(Number number) noexcept
+{
+    return {kGroupSystem, static_cast<std::uint32_t>(number)};
+}
+
 } // namespace quillon::err

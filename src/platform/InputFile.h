@@ -13,14 +13,28 @@ namespace quillon::platform {
 class InputFile
 {
 public:
-    virtual ~InputFile() = default;
+    InputFile(const InputFile&) = delete;
+    InputFile& operator=(const InputFile&) = delete;
+    ~InputFile();
 
     /// Size in bytes at the time of the open.
-    [[nodiscard]] virtual std::int64_t size() const noexcept = 0;
+    [[nodiscard]] std::int64_t size() const noexcept { return m_size; }
 
     /// Reads up to `count` bytes into `buffer` with one system call and moves on; `bytesRead` says how many
     /// came, 0 at the end of the file. Failure gives {1, system error} and leaves `bytesRead` alone.
-    virtual err::ResultCode read(char* buffer, std::uint32_t count, std::uint32_t& bytesRead) = 0;
+    err::ResultCode read(char* buffer, std::uint32_t count, std::uint32_t& bytesRead);
+
+private:
+    friend err::ResultCode openInputFile(const std::wstring& name, std::unique_ptr<InputFile>& file);
+
+    InputFile(std::intptr_t handle, std::int64_t size) noexcept
+        : m_handle(handle)
+        , m_size(size)
+    {
+    }
+
+    std::intptr_t m_handle; ///< the system's: a descriptor, or a HANDLE
+    std::int64_t m_size;
 };
 
 /// Opens an existing file by its wide name into `file`. Never blocks. Failure gives {1, system error} and

@@ -42,12 +42,6 @@ std::string libraryPath(const std::wstring& folder)
     return {name.begin(), name.end()};
 }
 
-/// Entries are UTF-8, so that a program with another kind of name cannot stand in them.
-bool isUtf8(const std::string& text)
-{
-    return text::utf8FromWide(text::wideFromUtf8(text)) == text;
-}
-
 std::wstring linkPath()
 {
     return platform::sendToLinkPath(vars::kProductName, vars::kProductGuid).toStdWString();
@@ -90,7 +84,8 @@ err::ResultCode CShellIntegration::createContextMenu()
     m_menuText = menuTextNow();
     if (!m_shellLibrary.isLoaded())
         return err::programError(err::kLibraryNotLoaded);
-    if (!isUtf8(m_programPath))
+    // Entries are UTF-8, so that a program with another kind of name cannot stand in them.
+    if (!text::isUtf8(m_programPath))
         return err::programError(err::kInvalidArgument);
     return toResultCode(m_shellLibrary.createShellContextMenuForUserT(
         kAllFiles, m_menuText.c_str(), command.c_str(), text::wideFromUtf8(vars::kProductGuid).c_str()));
@@ -132,7 +127,7 @@ err::ResultCode CShellIntegration::createSendToLink()
         return {};
     if (!m_shellLibrary.isLoaded())
         return err::programError(err::kLibraryNotLoaded);
-    if (!isUtf8(m_programPath))
+    if (!text::isUtf8(m_programPath))
         return err::programError(err::kInvalidArgument);
     const std::wstring program = text::wideFromUtf8(m_programPath);
     return toResultCode(m_shellLibrary.createShellLinkW(

@@ -1,6 +1,5 @@
 #include "shell/CShellIntegration.h"
 
-#include "err/ResultCode.h"
 #include "platform/Process.h"
 #include "platform/qt/UserPlaces.h"
 #include "support/PrintResultCode.h"
@@ -22,11 +21,6 @@ constexpr err::ResultCode kSuccess;
 constexpr err::ResultCode kNotLoaded = err::programError(err::kLibraryNotLoaded);
 constexpr err::ResultCode kRecorded{1, 77};
 
-std::wstring helpers(const char* kind)
-{
-    return text::wideFromUtf8(std::string(KESTRUM_HELPERS "/") + kind);
-}
-
 const std::wstring kId = text::wideFromUtf8(vars::kProductGuid);
 
 /// Gives the menu text the language of its choice.
@@ -40,10 +34,10 @@ public:
     }
 
     [[nodiscard]] bool isEmpty() const override { return false; }
-    [[nodiscard]] QString translate(const char* context, const char* source, const char* /*disambiguation*/,
-                                    int /*n*/) const override
+    [[nodiscard]] QString translate(const char* /*context*/, const char* source,
+                                    const char* /*disambiguation*/, int /*n*/) const override
     {
-        return QString(context) == "QObject" && QString(source) == "Send To %1" ? m_text : QString();
+        return QString(source) == "Send To %1" ? m_text : QString();
     }
 
 private:
@@ -61,19 +55,24 @@ protected:
 
     ~CShellIntegrationTest() override { std::filesystem::remove_all(m_link); }
 
+    [[nodiscard]] static std::string folder(const char* kind)
+    {
+        return std::string(KESTRUM_HELPERS "/") + kind;
+    }
+
     void loadRecorder()
     {
-        ASSERT_EQ(m_shell.load(helpers("recording").c_str()), kSuccess);
-        ASSERT_EQ(loadShellLibrary(libraryFile(), m_recorder), kSuccess);
-        static_cast<void>(calls());
+        const std::string library =
+            folder("recording") + '/' + platform::runtimeLibraryFileName("QxShellHelper");
+        ASSERT_EQ(m_shell.load(text::wideFromUtf8(folder("recording")).c_str()), kSuccess);
+        ASSERT_EQ(loadShellLibrary(library, m_recorder), kSuccess);
     }
 
     /// What the library was asked since the last question.
     [[nodiscard]] std::wstring calls() const
     {
-        void* address = nullptr;
         std::wstring text;
-        EXPECT_EQ(platform::findLibrarySymbol(m_recorder.module, "takeCalls", address), kSuccess);
+        void* const address = platform::findLibrarySymbol(m_recorder.module, "takeCalls");
         reinterpret_cast<void (*)(std::wstring&)>(address)(text);
         return text;
     }
@@ -81,28 +80,24 @@ protected:
     [[nodiscard]] static std::wstring removals(const std::wstring& text)
     {
         std::wstring lines;
-        for (const wchar_t* type : {L"Directory", L"*"})
+        for (const wchar_t* type : {L"Directory|", L"*|"})
             for (const std::wstring& name : {text, std::wstring(L"Send To Kestrum")})
-                lines.append(L"remove|").append(type).append(L"|").append(name).append(L"|" + kId + L"\n");
+                lines.append(L"removeShellContextMenuForUserT|")
+                    .append(type)
+                    .append(name + L'|' + kId + L'\n');
         return lines;
     }
 
     [[nodiscard]] static std::wstring creation(const std::wstring& text)
     {
-        return L"create|*|" + text + L'|' + platform::shellFileCommand(platform::programPath()) + L'|' + kId +
-               L'\n';
+        return L"createShellContextMenuForUserT|*|" + text + L'|' +
+               platform::shellFileCommand(platform::programPath()) + L'|' + kId + L'\n';
     }
 
     void makeLink() const
     {
         std::filesystem::create_directories(m_link.parent_path());
         ASSERT_TRUE(std::ofstream(m_link));
-    }
-
-    [[nodiscard]] static std::string libraryFile()
-    {
-        return text::utf8FromWide(helpers("recording")) + '/' +
-               platform::runtimeLibraryFileName("QxShellHelper");
     }
 
     // No QFileInfo: to that a link's file on Windows is what the link points to.
@@ -112,32 +107,28 @@ protected:
     ShellLibrary m_recorder;
 };
 
-TEST_F(CShellIntegrationTest, IsSilentWithoutTheLibrary)
+TEST_F(CShellIntegrationTest, MakesNothingWithoutTheWholeLibraryButTakesTheLinkAway)
 {
     EXPECT_EQ(m_shell.load(nullptr), err::programError(err::kInvalidArgument));
-    for (const char* kind : {"missing", "lacking"}) {
-        const err::ResultCode loaded = m_shell.load(helpers(kind).c_str());
-        EXPECT_EQ(loaded.group, 1U) << kind;
-        EXPECT_NE(loaded.code, 0U) << kind;
-    }
+    for (const char* kind : {"missing", "lacking"})
+        EXPECT_EQ(m_shell.load(text::wideFromUtf8(folder(kind)).c_str()).group, err::kGroupSystem) << kind;
     EXPECT_EQ(m_shell.removeContextMenu(), kSuccess);
     EXPECT_EQ(m_shell.createContextMenu(), kNotLoaded);
     m_shell.renewContextMenu();
-}
-
-TEST_F(CShellIntegrationTest, RemovesFourNamesInOrderAndCreatesOne)
-{
-    loadRecorder();
-    EXPECT_EQ(m_shell.removeContextMenu(), kSuccess);
-    EXPECT_EQ(calls(), removals(L"Send To Kestrum"));
-    EXPECT_EQ(m_shell.createContextMenu(), kRecorded);
-    EXPECT_EQ(calls(), creation(L"Send To Kestrum"));
+    EXPECT_EQ(m_shell.createSendToLink(), kNotLoaded);
+    makeLink();
+    EXPECT_EQ(m_shell.createSendToLink(), kSuccess); // it is there
+    EXPECT_EQ(m_shell.removeSendToLink(), kSuccess);
+    EXPECT_FALSE(std::filesystem::exists(m_link));
+    EXPECT_EQ(m_shell.removeSendToLink(), kSuccess);
 }
 
 TEST_F(CShellIntegrationTest, RenewalTakesAwayTheTextThatWasCreated)
 {
     loadRecorder();
     m_shell.renewContextMenu(); // nothing was created, so there is nothing to take away
+    EXPECT_EQ(calls(), creation(L"Send To Kestrum"));
+    EXPECT_EQ(m_shell.createContextMenu(), kRecorded);
     EXPECT_EQ(calls(), creation(L"Send To Kestrum"));
     const Language german("An %1 senden");
     EXPECT_EQ(m_shell.removeContextMenu(), kSuccess); // the text stays until it is renewed
@@ -149,21 +140,11 @@ TEST_F(CShellIntegrationTest, RenewalTakesAwayTheTextThatWasCreated)
     EXPECT_EQ(calls(), removals(L"An Kestrum senden") + creation(L"\u0412 Kestrum"));
 }
 
-TEST_F(CShellIntegrationTest, RemovesTheLinkWithoutTheLibraryButMakesNone)
-{
-    makeLink();
-    EXPECT_EQ(m_shell.createSendToLink(), kSuccess); // it is there
-    EXPECT_EQ(m_shell.removeSendToLink(), kSuccess);
-    EXPECT_FALSE(std::filesystem::exists(m_link));
-    EXPECT_EQ(m_shell.createSendToLink(), kNotLoaded);
-    EXPECT_EQ(m_shell.removeSendToLink(), kSuccess);
-}
-
 TEST_F(CShellIntegrationTest, MakesTheLinkWhereNoFileIsAndSparesAFolder)
 {
     loadRecorder();
-    const std::wstring link = L"link|" + text::wideFromUtf8(platform::programPath()) + L"|Kestrum|" +
-                              m_linkName.toStdWString() + L'\n';
+    const std::wstring link = L"createShellLinkW|" + text::wideFromUtf8(platform::programPath()) +
+                              L"|Kestrum|" + m_linkName.toStdWString() + L'\n';
     EXPECT_EQ(m_shell.createSendToLink(), kRecorded);
     EXPECT_EQ(calls(), link);
     makeLink();

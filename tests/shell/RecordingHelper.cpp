@@ -3,10 +3,9 @@
 #include "shellhelper/QxShellHelper.h"
 
 #include <string>
+#include <string_view>
 
 namespace {
-
-constexpr QxShellResult kAnswer{1, 77};
 
 std::wstring& calls()
 {
@@ -14,13 +13,14 @@ std::wstring& calls()
     return text;
 }
 
-template <class... Text>
-QxShellResult record(const wchar_t* name, Text... texts)
+void add(std::string_view text)
 {
-    calls() += name;
-    ((calls() += std::wstring(L"|") + texts), ...);
-    calls() += L'\n';
-    return kAnswer;
+    calls().append(text.begin(), text.end());
+}
+
+void add(std::wstring_view text)
+{
+    calls().append(text);
 }
 
 } // namespace
@@ -32,50 +32,13 @@ extern "C" QXSHELL_EXPORT void takeCalls(std::wstring& text)
     text.swap(calls());
 }
 
-// What the program never calls tells of it by a name that no test expects.
-#define UNUSED_WITH(name, ...)                                                                               \
-    QxShellResult name(__VA_ARGS__) noexcept                                                                 \
+#define RECORD_TEXT(text) (add("|"), add(text))
+#define RECORD(family, suffix, Text)                                                                         \
+    QxShellResult qxshell_##family##suffix(QXSHELL_##family(Text)) noexcept                                  \
     {                                                                                                        \
-        return record(L"unexpected");                                                                        \
+        add(#family #suffix);                                                                                \
+        QXSHELL_##family(RECORD_TEXT);                                                                       \
+        add("\n");                                                                                           \
+        return {1, 77};                                                                                      \
     }
-
-UNUSED_WITH(qxshell_resolveShellError, )
-UNUSED_WITH(qxshell_deleteDir, const char*)
-UNUSED_WITH(qxshell_deleteDirT, const wchar_t*)
-UNUSED_WITH(qxshell_deleteDirW, const wchar_t*)
-UNUSED_WITH(qxshell_existsShellContextMenuForUser, const char*, const char*, const char*)
-UNUSED_WITH(qxshell_createShellContextMenuForUser, const char*, const char*, const char*, const char*)
-UNUSED_WITH(qxshell_removeShellContextMenuForUser, const char*, const char*, const char*)
-UNUSED_WITH(qxshell_existsShellContextMenuForUserT, const wchar_t*, const wchar_t*, const wchar_t*)
-UNUSED_WITH(qxshell_existsShellContextMenuForUserW, const wchar_t*, const wchar_t*, const wchar_t*)
-UNUSED_WITH(qxshell_createShellContextMenuForUserW, const wchar_t*, const wchar_t*, const wchar_t*,
-            const wchar_t*)
-UNUSED_WITH(qxshell_removeShellContextMenuForUserW, const wchar_t*, const wchar_t*, const wchar_t*)
-UNUSED_WITH(qxshell_openDirAndSelectItem, const char*)
-UNUSED_WITH(qxshell_openDirAndSelectItemT, const wchar_t*)
-UNUSED_WITH(qxshell_openDirAndSelectItemW, const wchar_t*)
-UNUSED_WITH(qxshell_openDir, const char*)
-UNUSED_WITH(qxshell_openDirT, const wchar_t*)
-UNUSED_WITH(qxshell_openDirW, const wchar_t*)
-UNUSED_WITH(qxshell_createShellLink, const char*, const char*, const char*)
-UNUSED_WITH(qxshell_createShellLinkT, const wchar_t*, const wchar_t*, const wchar_t*)
-
-QxShellResult qxshell_createShellContextMenuForUserT(const wchar_t* fileType, const wchar_t* menuText,
-                                                     const wchar_t* command, const wchar_t* id) noexcept
-{
-    return record(L"create", fileType, menuText, command, id);
-}
-
-QxShellResult qxshell_removeShellContextMenuForUserT(const wchar_t* fileType, const wchar_t* menuText,
-                                                     const wchar_t* id) noexcept
-{
-    return record(L"remove", fileType, menuText, id);
-}
-
-#ifndef LACKING
-QxShellResult qxshell_createShellLinkW(const wchar_t* target, const wchar_t* description,
-                                       const wchar_t* linkPath) noexcept
-{
-    return record(L"link", target, description, linkPath);
-}
-#endif
+QXSHELL_FUNCTIONS(RECORD)

@@ -24,8 +24,13 @@ public:
     void setValue(int percent);
 
 private:
-    class Private;
-    std::unique_ptr<Private> m_private;
+    class Button;
+
+    void tell(); ///< the button how things stand
+
+    std::unique_ptr<Button> m_button; ///< the system's part
+    bool m_isShown = false;
+    int m_percent = 0;
 };
 
 } // namespace quillon::platform

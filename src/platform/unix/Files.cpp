@@ -1,16 +1,39 @@
 #include "platform/Files.h"
 
+#include "platform/unix/Posix.h"
 #include "text/Unicode.h"
 
 #include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
-#include <cerrno>
 #include <filesystem>
 #include <system_error>
 
 namespace quillon::platform {
+namespace {
+
+constexpr mode_t kOwnerOnly = S_IRUSR | S_IWUSR;
+
+/// Opens without O_TRUNC, as nothing may be lost before the kind of the file is known. Always O_APPEND, as a
+/// second process may write, and empty, the same log.
+Descriptor openForWriting(const std::string& path)
+{
+    return Descriptor(
+        open(path.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC | O_NOCTTY | O_NONBLOCK, kOwnerOnly));
+}
+
+bool isFit(int descriptor)
+{
+    struct stat status = {};
+    if (fstat(descriptor, &status) != 0)
+        return false;
+    if (!S_ISREG(status.st_mode))
+        return S_ISCHR(status.st_mode);
+    if ((status.st_mode & (S_IRWXG | S_IRWXO)) != 0)
+        static_cast<void>(fchmod(descriptor, status.st_mode & S_IRWXU));
+    return true;
+}
+
+} // namespace
 
 char nativeSeparator() noexcept
 {
@@ -50,7 +73,7 @@ err::ResultCode removeFile(const std::wstring& path)
 {
     if (unlink(text::utf8FromWide(path).c_str()) == 0)
         return {};
-    return {err::kGroupSystem, static_cast<std::uint32_t>(errno)};
+    return err::systemError(errno);
 }
 
 void createFolders(const std::string& path)
@@ -87,45 +110,15 @@ std::int64_t tellRuntimeFile(std::FILE* file) noexcept
     return ftello(file);
 }
 
-namespace {
-
-constexpr mode_t kOwnerOnly = S_IRUSR | S_IWUSR;
-
-/// Opens without O_TRUNC, as nothing may be lost before the kind of the file is known. Always O_APPEND, as a
-/// second process may write, and empty, the same log.
-int openForWriting(const std::string& path)
-{
-    return open(path.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC | O_NOCTTY | O_NONBLOCK, kOwnerOnly);
-}
-
-bool isFit(int descriptor)
-{
-    struct stat status = {};
-    if (fstat(descriptor, &status) != 0)
-        return false;
-    if (!S_ISREG(status.st_mode))
-        return S_ISCHR(status.st_mode);
-    if ((status.st_mode & (S_IRWXG | S_IRWXO)) != 0)
-        static_cast<void>(fchmod(descriptor, status.st_mode & S_IRWXU));
-    return true;
-}
-
-bool isSameFile(const struct stat& a, const struct stat& b) noexcept
-{
-    return a.st_dev == b.st_dev && a.st_ino == b.st_ino;
-}
-
-} // namespace
-
 RuntimeFile openLogFile(const std::string& path, LogFileStart start)
 {
-    const int descriptor = openForWriting(path);
-    if (descriptor < 0)
+    Descriptor descriptor = openForWriting(path);
+    if (!descriptor.isOpen() || !isFit(descriptor.get()))
         return {};
-    RuntimeFile file(isFit(descriptor) ? fdopen(descriptor, "ab") : nullptr);
-    if (!file)
-        close(descriptor);
-    else if (start == LogFileStart::Empty && ftruncate(descriptor, 0) != 0)
+    RuntimeFile file(fdopen(descriptor.get(), "ab"));
+    if (file)
+        static_cast<void>(descriptor.release()); // the file closes it
+    if (file && start == LogFileStart::Empty && ftruncate(fileno(file.get()), 0) != 0)
         file.reset();
     return file;
 }

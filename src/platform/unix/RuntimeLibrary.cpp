@@ -12,17 +12,13 @@ namespace quillon::platform {
 namespace {
 
 // dlopen and dlsym have sentences only, so the numbers are chosen for what their texts say.
-err::ResultCode systemError(int code)
-{
-    return {err::kGroupSystem, static_cast<std::uint32_t>(code)};
-}
 
 /// A library that is there and cannot be loaded is damaged, or lacks another one.
 err::ResultCode whyNotLoaded(const std::string& path)
 {
     std::error_code ignored;
     const bool isThere = path.find('/') != std::string::npos && std::filesystem::exists(path, ignored);
-    return systemError(isThere ? ELIBACC : ENOENT);
+    return err::systemError(isThere ? ELIBACC : ENOENT);
 }
 
 } // namespace
@@ -54,7 +50,7 @@ RuntimeLibrary loadRuntimeLibrary(const std::string& path)
 err::ResultCode findLibrarySymbol(const RuntimeLibrary& library, const char* name, void*& address)
 {
     address = findLibrarySymbol(library, name);
-    return address == nullptr ? systemError(ENOSYS) : err::ResultCode{};
+    return address == nullptr ? err::systemError(ENOSYS) : err::ResultCode{};
 }
 
 void* findLibrarySymbol(const RuntimeLibrary& library, const char* name)

@@ -52,7 +52,7 @@ err::ResultCode removeFile(const std::wstring& path)
 {
     if (DeleteFileW(path.c_str()) != 0)
         return {};
-    return {err::kGroupSystem, GetLastError()};
+    return err::systemError(GetLastError());
 }
 
 void createFolders(const std::string& path)

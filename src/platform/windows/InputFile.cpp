@@ -1,17 +1,13 @@
 #include "platform/InputFile.h"
 
-#include "err/ResultCode.h"
-
 #include <windows.h>
-
-#include <utility>
 
 namespace quillon::platform {
 namespace {
 
-err::ResultCode lastSystemError()
+HANDLE handleOf(std::intptr_t value) noexcept
 {
-    return {err::kGroupSystem, GetLastError()};
+    return reinterpret_cast<HANDLE>(value);
 }
 
 struct HandleCloser
@@ -24,49 +20,36 @@ struct HandleCloser
     }
 };
 
-using Handle = std::unique_ptr<void, HandleCloser>;
-
-class WindowsInputFile final : public InputFile
-{
-public:
-    WindowsInputFile(Handle handle, std::int64_t size) noexcept
-        : m_handle(std::move(handle))
-        , m_size(size)
-    {
-    }
-
-    [[nodiscard]] std::int64_t size() const noexcept override { return m_size; }
-
-    err::ResultCode read(char* buffer, std::uint32_t count, std::uint32_t& bytesRead) override
-    {
-        DWORD got = 0;
-        if (ReadFile(m_handle.get(), buffer, count, &got, nullptr) == 0)
-            return lastSystemError();
-        bytesRead = got;
-        return {};
-    }
-
-private:
-    Handle m_handle;
-    std::int64_t m_size;
-};
-
 } // namespace
+
+InputFile::~InputFile()
+{
+    CloseHandle(handleOf(m_handle));
+}
+
+err::ResultCode InputFile::read(char* buffer, std::uint32_t count, std::uint32_t& bytesRead)
+{
+    DWORD got = 0;
+    if (ReadFile(handleOf(m_handle), buffer, count, &got, nullptr) == 0)
+        return err::systemError(GetLastError());
+    bytesRead = got;
+    return {};
+}
 
 err::ResultCode openInputFile(const std::wstring& name, std::unique_ptr<InputFile>& file)
 {
-    Handle handle(CreateFileW(name.c_str(), FILE_READ_DATA | FILE_READ_ATTRIBUTES,
-                              FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING,
-                              FILE_ATTRIBUTE_NORMAL | FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
+    std::unique_ptr<void, HandleCloser> handle(
+        CreateFileW(name.c_str(), FILE_READ_DATA | FILE_READ_ATTRIBUTES, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                    nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL | FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
     if (handle.get() == INVALID_HANDLE_VALUE)
-        return lastSystemError();
+        return err::systemError(GetLastError());
     // Pipes and devices have no size that a digest could be read to.
     if (GetFileType(handle.get()) != FILE_TYPE_DISK)
-        return {err::kGroupSystem, ERROR_NOT_SUPPORTED};
+        return err::systemError(ERROR_NOT_SUPPORTED);
     LARGE_INTEGER size{};
     if (GetFileSizeEx(handle.get(), &size) == 0)
-        return lastSystemError();
-    file = std::make_unique<WindowsInputFile>(std::move(handle), size.QuadPart);
+        return err::systemError(GetLastError());
+    file.reset(new InputFile(reinterpret_cast<std::intptr_t>(handle.release()), size.QuadPart));
     return {};
 }
 

@@ -9,11 +9,6 @@
 namespace quillon::platform {
 namespace {
 
-err::ResultCode lastSystemError()
-{
-    return {err::kGroupSystem, GetLastError()};
-}
-
 HMODULE moduleOf(const RuntimeLibrary& library)
 {
     return static_cast<HMODULE>(library.get());
@@ -37,7 +32,7 @@ err::ResultCode loadRuntimeLibrary(const std::string& path, RuntimeLibrary& libr
     // Libraries that this one needs are looked for beside it, not beside whatever the process started in.
     RuntimeLibrary loaded(LoadLibraryExW(name.c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH));
     if (!loaded)
-        return lastSystemError();
+        return err::systemError(GetLastError());
     library = std::move(loaded);
     return {};
 }
@@ -53,9 +48,9 @@ err::ResultCode findLibrarySymbol(const RuntimeLibrary& library, const char* nam
 {
     address = nullptr;
     if (!library)
-        return {err::kGroupSystem, ERROR_INVALID_HANDLE};
+        return err::systemError(ERROR_INVALID_HANDLE);
     address = reinterpret_cast<void*>(GetProcAddress(moduleOf(library), name));
-    return address == nullptr ? lastSystemError() : err::ResultCode{};
+    return address == nullptr ? err::systemError(GetLastError()) : err::ResultCode{};
 }
 
 void* findLibrarySymbol(const RuntimeLibrary& library, const char* name)

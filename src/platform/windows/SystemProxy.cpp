@@ -27,11 +27,6 @@ struct SessionCloser
 };
 using Session = std::unique_ptr<void, SessionCloser>;
 
-err::ResultCode lastSystemError()
-{
-    return {err::kGroupSystem, GetLastError()};
-}
-
 bool isEmpty(const GlobalText& text)
 {
     return !text || *text == L'\0';
@@ -48,7 +43,7 @@ err::ResultCode askScript(const std::wstring& url, const wchar_t* scriptUrl, Sys
     const Session session(WinHttpOpen(L"WinHTTP AutoProxy Sample/1.0", WINHTTP_ACCESS_TYPE_NO_PROXY,
                                       WINHTTP_NO_PROXY_NAME, WINHTTP_NO_PROXY_BYPASS, 0));
     if (!session)
-        return lastSystemError();
+        return err::systemError(GetLastError());
     WINHTTP_AUTOPROXY_OPTIONS options = {};
     options.dwFlags = WINHTTP_AUTOPROXY_CONFIG_URL;
     options.dwAutoDetectFlags = WINHTTP_AUTO_DETECT_TYPE_DHCP | WINHTTP_AUTO_DETECT_TYPE_DNS_A;
@@ -56,7 +51,7 @@ err::ResultCode askScript(const std::wstring& url, const wchar_t* scriptUrl, Sys
     options.fAutoLogonIfChallenged = TRUE;
     WINHTTP_PROXY_INFO info = {};
     if (!WinHttpGetProxyForUrl(session.get(), url.c_str(), &options, &info))
-        return lastSystemError();
+        return err::systemError(GetLastError());
     const GlobalText proxy(info.lpszProxy);
     const GlobalText bypass(info.lpszProxyBypass);
     storeProxy(proxy, answer);
@@ -69,7 +64,7 @@ err::ResultCode askMachineProxy(const std::string& /*url*/, SystemProxyAnswer& a
 {
     WINHTTP_PROXY_INFO info = {};
     if (!WinHttpGetDefaultProxyConfiguration(&info))
-        return lastSystemError();
+        return err::systemError(GetLastError());
     const GlobalText proxy(info.lpszProxy);
     const GlobalText bypass(info.lpszProxyBypass);
     storeProxy(proxy, answer);
@@ -80,7 +75,7 @@ err::ResultCode askUserProxy(const std::string& url, SystemProxyAnswer& answer)
 {
     WINHTTP_CURRENT_USER_IE_PROXY_CONFIG config = {};
     if (!WinHttpGetIEProxyConfigForCurrentUser(&config))
-        return lastSystemError();
+        return err::systemError(GetLastError());
     const GlobalText proxy(config.lpszProxy);
     const GlobalText bypass(config.lpszProxyBypass);
     const GlobalText scriptUrl(config.lpszAutoConfigUrl);

@@ -1,17 +1,14 @@
 // The entry for all files in every file manager that this user has.
 
+#include "platform/unix/Posix.h"
 #include "shellhelper/DesktopShell.h"
-#include "shellhelper/unix/Command.h"
 #include "shellhelper/unix/Entries.h"
 #include "shellhelper/unix/Files.h"
 #include "shellhelper/unix/UserActions.h"
 #include "text/Unicode.h"
 
-#include <sys/stat.h>
-
 #include <algorithm>
 #include <array>
-#include <cerrno>
 #include <cstdio>
 #include <filesystem>
 #include <optional>
@@ -19,6 +16,9 @@
 #include <vector>
 
 namespace quillon::shellhelper {
+
+using err::systemError;
+
 namespace {
 
 constexpr std::string_view kAllFiles = "*";
@@ -61,7 +61,7 @@ constexpr std::array<ScriptUser, 2> kScriptUsers{{
 
 bool isWanted(const std::string& program, const std::string& folder)
 {
-    return isFolder(folder) || isInstalled(program);
+    return isFolder(folder) || !platform::findProgram(program).empty();
 }
 
 std::string ownFilePath(const OwnFile& file, const std::string& id)
@@ -290,8 +290,7 @@ err::ResultCode createContextMenu(const NativeText& fileType, const NativeText& 
     if (entry.program.empty())
         return systemError(EINVAL);
     // All these files are UTF-8, so another name cannot stand in them.
-    const std::string texts = menuText + entry.program + id;
-    if (text::utf8FromWide(text::wideFromUtf8(texts)) != texts)
+    if (!text::isUtf8(menuText + entry.program + id))
         return systemError(EILSEQ);
     return hasHome() ? createEverywhere(entry) : systemError(ENOENT);
 }

@@ -1,12 +1,140 @@
 #include "shellhelper/unix/Entries.h"
 
-#include "shellhelper/unix/Quoting.h"
 #include "vars/Product.h"
 
-#include <utility>
+#include <algorithm>
 
 namespace quillon::shellhelper {
 namespace {
+
+/// `text` with every character replaced by what `form` makes of it.
+template <class Form>
+std::string mapped(std::string_view text, Form form)
+{
+    std::string result;
+    result.reserve(text.size());
+    for (const char c : text)
+        result += form(c);
+    return result;
+}
+
+std::string keyFileForm(char c)
+{
+    switch (c) {
+    case '\\':
+        return "\\\\";
+    case '\n':
+        return "\\n";
+    case '\r':
+        return "\\r";
+    case '\t':
+        return "\\t";
+    default:
+        return {c};
+    }
+}
+
+std::string xmlForm(char c)
+{
+    switch (c) {
+    case '&':
+        return "&amp;";
+    case '<':
+        return "&lt;";
+    case '>':
+        return "&gt;";
+    case '\r': // a parser makes a line feed of the character itself
+        return "&#13;";
+    case '\t':
+    case '\n':
+        return {c};
+    default:
+        return {c >= 0 && c < ' ' ? ' ' : c};
+    }
+}
+
+/// One word for a POSIX shell and for everything that splits words like one, as g_shell_parse_argv does: in
+/// single quotes, where nothing is special.
+std::string shellQuoted(std::string_view word)
+{
+    return '\'' + mapped(word, [](char c) { return c == '\'' ? std::string("'\\''") : std::string{c}; }) +
+           '\'';
+}
+
+/// One argument of an Exec line, always in quotes (Desktop Entry Specification, "The Exec key"). For a key
+/// file the line still has to go through `keyFileValue`.
+std::string execQuoted(std::string_view argument)
+{
+    const auto form = [](char c) {
+        const bool isSpecial = c == '"' || c == '`' || c == '$' || c == '\\';
+        return isSpecial ? std::string{'\\', c} : std::string{c};
+    };
+    return '"' + mapped(argument, form) + '"';
+}
+
+/// Every percent sign twice, which field codes take for one.
+std::string percentDoubled(std::string_view text)
+{
+    return mapped(text, [](char c) { return std::string(c == '%' ? 2U : 1U, c); });
+}
+
+/// A text as the value of a key (Desktop Entry Specification, "Possible value types", type string).
+std::string keyFileValue(std::string_view text)
+{
+    std::string value = mapped(text, keyFileForm);
+    // Readers skip blanks behind the equals sign.
+    if (value.starts_with(' '))
+        value.replace(0, 1, "\\s");
+    return value;
+}
+
+constexpr std::string_view kItem = "%L";
+
+/// Takes one word off the front of `line`, with its quotes, and the blanks around it. Empty where a quote is
+/// missing.
+std::string_view takeWord(std::string_view& line)
+{
+    line.remove_prefix(std::min(line.find_first_not_of(' '), line.size()));
+    bool isQuoted = false;
+    std::size_t end = 0;
+    for (; end < line.size() && (isQuoted || line[end] != ' '); ++end) {
+        if (line[end] == '"')
+            isQuoted = !isQuoted;
+        else if (line[end] == '\\' && isQuoted)
+            ++end;
+    }
+    if (isQuoted || end > line.size())
+        return {};
+    const std::string_view word = line.substr(0, end);
+    line.remove_prefix(end);
+    line.remove_prefix(std::min(line.find_first_not_of(' '), line.size()));
+    return word;
+}
+
+/// The word without its quotes. Empty where it has a code in it.
+std::string unquoted(std::string_view word)
+{
+    std::string text;
+    bool isQuoted = false;
+    for (std::size_t i = 0; i < word.size(); ++i) {
+        if (word[i] == '"') {
+            isQuoted = !isQuoted;
+            continue;
+        }
+        if (word[i] == '%' && word.substr(i, 2) != "%%")
+            return {};
+        if (word[i] == '%' || (word[i] == '\\' && isQuoted))
+            ++i;
+        text += word[i];
+    }
+    return text;
+}
+
+bool isItem(std::string_view word)
+{
+    return word == kItem || (word.size() == kItem.size() + 2 && word.front() == '"' && word.back() == '"' &&
+                             word.substr(1, kItem.size()) == kItem);
+}
 
 std::string icon()
 {
@@ -35,6 +163,18 @@ std::string element(std::string_view name, std::string_view text)
 }
 
 } // namespace
+
+std::string programOfCommand(std::string_view line)
+{
+    std::string program = unquoted(takeWord(line));
+    const bool isKnownForm = program.starts_with('/') && isItem(takeWord(line)) && line.empty();
+    return isKnownForm ? program : std::string();
+}
+
+std::string xmlEscaped(std::string_view text)
+{
+    return mapped(text, xmlForm);
+}
 
 std::string serviceMenu(const Entry& entry)
 {

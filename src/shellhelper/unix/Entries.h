@@ -3,8 +3,9 @@
 #include <string>
 #include <string_view>
 
-/// The contents of the files that file managers read. All texts are UTF-8; `program` is a full path, and
-/// reaches the system whole whatever it holds. The id is written into each file as our mark.
+/// The contents of the files that file managers read, with the quoting that each of their formats needs. All
+/// texts are UTF-8; `program` is a full path, and reaches the system whole whatever it holds. The id is
+/// written into each file as our mark.
 namespace quillon::shellhelper {
 
 /// The key, or the word in a comment, that says whose a file is.
@@ -17,6 +18,13 @@ struct Entry
     std::string program;
     std::string id;
 };
+
+/// The program of a command line that starts it with the item alone, in the form that the contract of the
+/// context menu functions tells. Empty where the line has another form.
+[[nodiscard]] std::string programOfCommand(std::string_view line);
+
+/// A text as the content of an XML element. Control characters that XML does not know become blanks.
+[[nodiscard]] std::string xmlEscaped(std::string_view text);
 
 /// A service menu for Dolphin and what else uses KDE's file actions. Its file has to be executable.
 [[nodiscard]] std::string serviceMenu(const Entry& entry);

@@ -20,13 +20,7 @@ namespace quillon::shellhelper {
 /// The system's folders of configuration, the most important first.
 [[nodiscard]] std::vector<std::string> systemConfigFolders();
 
-/// Whether a program of this name is in the search path.
-[[nodiscard]] bool isInstalled(std::string_view program);
-
 [[nodiscard]] bool isFolder(const std::string& path);
-
-/// The result for an error number.
-err::ResultCode systemError(int number);
 
 /// Reads a whole regular file; everything else gives {1, EINVAL}.
 err::ResultCode readFile(const std::string& path, std::string& content);

@@ -1,35 +1,16 @@
 // What has one way on every Unix desktop: texts, the shortcut and showing a folder.
 
+#include "platform/unix/Posix.h"
 #include "shellhelper/DesktopShell.h"
 #include "shellhelper/unix/Entries.h"
 #include "shellhelper/unix/Files.h"
 #include "text/Unicode.h"
 
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <cerrno>
 #include <filesystem>
 
 namespace quillon::shellhelper {
-namespace {
 
-constexpr mode_t kDataMode = 0644;
-
-/// Starts a program and forgets it: the process in between ends at once, so that no dead child stays behind.
-void startDetached(const char* const* arguments)
-{
-    const pid_t child = fork();
-    if (child == 0) {
-        if (fork() == 0)
-            execvp(arguments[0], const_cast<char* const*>(arguments));
-        _exit(0);
-    }
-    if (child > 0)
-        waitpid(child, nullptr, 0);
-}
-
-} // namespace
+using err::systemError;
 
 NativeText nativeText(const char* text)
 {
@@ -52,9 +33,9 @@ err::ResultCode createLink(const NativeText& target, const NativeText& descripti
     if (!target.starts_with('/') || !linkPath.starts_with('/') || description.empty())
         return systemError(EINVAL);
     const std::string folder = std::filesystem::path(linkPath).parent_path().string();
-    if (!isFolder(folder) && !isInstalled("thunar"))
+    if (!isFolder(folder) && platform::findProgram("thunar").empty())
         return systemError(ENOENT);
-    return writeFile(linkPath, sendToEntry(description, target), kDataMode);
+    return writeFile(linkPath, sendToEntry(description, target), 0644);
 }
 
 err::ResultCode openFolder(const NativeText& path)
@@ -63,11 +44,10 @@ err::ResultCode openFolder(const NativeText& path)
         return systemError(EINVAL);
     if (!isFolder(path))
         return systemError(ENOTDIR);
-    constexpr const char* kOpener = "xdg-open";
-    if (!isInstalled(kOpener))
+    const std::string opener = platform::findProgram("xdg-open");
+    if (opener.empty())
         return systemError(ENOENT);
-    const char* const arguments[] = {kOpener, path.c_str(), nullptr};
-    startDetached(arguments);
+    platform::startDetached(opener, path);
     return {};
 }
 

@@ -1,6 +1,6 @@
 #include "shellhelper/unix/UserActions.h"
 
-#include "shellhelper/unix/Quoting.h"
+#include "shellhelper/unix/Entries.h"
 #include "text/AsciiText.h"
 #include "text/Unicode.h"
 
@@ -10,6 +10,10 @@
 
 namespace quillon::shellhelper {
 namespace {
+
+constexpr std::size_t kInRoot = 1;
+constexpr std::size_t kInAction = 2;
+constexpr std::size_t kInUniqueId = 3;
 
 constexpr std::array<std::string_view, 5> kEntities{"amp", "lt", "gt", "quot", "apos"};
 
@@ -166,23 +170,10 @@ bool XmlScanner::nest(const XmlTag& tag)
     return true;
 }
 
-namespace {
-
-constexpr std::size_t kInRoot = 1;
-constexpr std::size_t kInAction = 2;
-constexpr std::size_t kInUniqueId = 3;
-
-bool isUtf8(std::string_view text)
-{
-    return text::utf8FromWide(text::wideFromUtf8(text)) == text;
-}
-
-} // namespace
-
 std::optional<UserActions> UserActions::read(std::string text, std::string_view id)
 {
     UserActions actions(std::move(text));
-    if (!isUtf8(actions.m_text) || !actions.scan(xmlEscaped(id)))
+    if (!text::isUtf8(actions.m_text) || !actions.scan(xmlEscaped(id)))
         return std::nullopt;
     return actions;
 }

@@ -12,8 +12,7 @@ namespace {
 
 err::ResultCode systemResult(LSTATUS status)
 {
-    return status == ERROR_SUCCESS ? err::ResultCode{}
-                                   : err::ResultCode{err::kGroupSystem, static_cast<std::uint32_t>(status)};
+    return status == ERROR_SUCCESS ? err::ResultCode{} : err::systemError(status);
 }
 
 struct KeyCloser

@@ -11,22 +11,19 @@
 #include <memory>
 
 namespace quillon::shellhelper {
+
+using err::systemError;
+
 namespace {
 
 // ShellExecuteW answers an error number up to this one, and something larger on success.
 constexpr INT_PTR kLastShellError = 32;
 
-err::ResultCode systemError(DWORD code)
-{
-    return {err::kGroupSystem, code};
-}
-
 err::ResultCode systemResult(HRESULT result)
 {
     if (SUCCEEDED(result))
         return {};
-    return systemError(HRESULT_FACILITY(result) == FACILITY_WIN32 ? HRESULT_CODE(result)
-                                                                  : static_cast<DWORD>(result));
+    return systemError(HRESULT_FACILITY(result) == FACILITY_WIN32 ? HRESULT_CODE(result) : result);
 }
 
 /// The thread may use COM while this lives. It may have chosen another model before, which serves as well.
@@ -122,7 +119,7 @@ err::ResultCode openFolder(const NativeText& path)
     const ComUse com;
     const auto result = reinterpret_cast<INT_PTR>(
         ShellExecuteW(nullptr, L"explore", path.c_str(), nullptr, nullptr, SW_SHOWNORMAL));
-    return result > kLastShellError ? err::ResultCode{} : systemError(static_cast<DWORD>(result));
+    return result > kLastShellError ? err::ResultCode{} : systemError(result);
 }
 
 err::ResultCode openFolderAndSelect(const NativeText& path)

@@ -2,18 +2,15 @@
 // starts tells what it got.
 
 #include "shellhelper/unix/Desktop.h"
+#include "support/Wait.h"
 
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <chrono>
-#include <thread>
 #include <vector>
 
 namespace quillon::tests {
 namespace {
-
-using namespace std::string_literals;
 
 struct Names
 {
@@ -30,31 +27,28 @@ const Names kNames[] = {{"kestrum", "plain"},
                         {"\u0438\u043C\u044F =", "\u0444\u0430\u0439\u043B \u6587\u4EF6"},
                         {"-dash", "-platform"}};
 
-std::string replaced(std::string text, const std::string& from, const std::string& to)
-{
-    for (std::size_t at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size()))
-        text.replace(at, from.size(), to);
-    return text;
-}
+/// Stands for the program: writes its arguments, a zero behind each, into a file beside itself.
+constexpr const char* kRecorder =
+    "#!/bin/sh\nfolder=${0%/*}\nfor text; do printf '%s\\0' \"$text\"; done >\"$folder/part\"\n"
+    "mv \"$folder/part\" \"$folder/arguments\"\n";
 
-/// What stands between two marks.
-std::string between(const std::string& text, const std::string& begin, const std::string& end)
-{
-    const std::size_t at = text.find(begin) + begin.size();
-    return text.substr(at, text.find(end, at) - at);
-}
+using Replacements = std::vector<std::pair<std::string, std::string>>;
 
-/// Both Thunar and Nemo put the path into single quotes; the codes are read from left to right, once.
-std::string expanded(const std::string& command, char code, const std::string& file)
+/// `text` read once from left to right, with the first replacement that fits at each place.
+std::string replaced(const std::string& text, const Replacements& replacements)
 {
     std::string result;
-    for (std::size_t i = 0; i < command.size(); ++i) {
-        if (command[i] != '%')
-            result += command[i];
-        else if (command[++i] == code)
-            result += '\'' + replaced(file, "'", "'\\''") + '\'';
-        else
-            result += command[i];
+    for (std::size_t at = 0; at < text.size();) {
+        std::string taken = text.substr(at, 1);
+        std::string given = taken;
+        for (const auto& [from, to] : replacements) {
+            if (taken.size() == 1 && given == taken && text.compare(at, from.size(), from) == 0) {
+                taken = from;
+                given = to;
+            }
+        }
+        result += given;
+        at += taken.size();
     }
     return result;
 }
@@ -66,23 +60,30 @@ protected:
     {
         setenv("PATH", (path("bin").string() + ":/usr/bin:/bin").c_str(), 1);
         install({"dolphin", "thunar", "nemo", "nautilus"});
-        std::filesystem::copy_file(KESTRUM_RECORDER, path(GetParam().program));
+        std::filesystem::permissions(write(GetParam().program, kRecorder), std::filesystem::perms::owner_all);
         write(GetParam().file, "");
-        std::string quoted = replaced(m_program, "\\", "\\\\");
-        quoted = replaced(replaced(quoted, "\"", "\\\""), "%", "%%");
-        EXPECT_EQ(create(quoted), err::ResultCode{});
+        EXPECT_EQ(create(m_program), err::ResultCode());
         EXPECT_EQ(asResult(helper().createShellLink(m_program.c_str(), "Kestrum", m_link.c_str())),
-                  err::ResultCode{});
+                  err::ResultCode());
     }
 
     ~AwkwardNames() override { EXPECT_FALSE(std::filesystem::exists(path("ran"))); }
 
+    /// What stands between two marks in one of the user's files.
+    [[nodiscard]] std::string between(const std::string& name, const std::string& begin,
+                                      const char* end) const
+    {
+        const std::string text = bytes(name);
+        const std::size_t at = text.find(begin) + begin.size();
+        return text.substr(at, text.find(end, at) - at);
+    }
+
     /// Runs a program in the file's folder, as file managers do.
-    void run(const std::vector<std::string>& command) const
+    void run(std::vector<std::string> command) const
     {
         std::vector<char*> arguments;
-        for (const std::string& argument : command)
-            arguments.push_back(const_cast<char*>(argument.c_str()));
+        for (std::string& argument : command)
+            arguments.push_back(argument.data());
         arguments.push_back(nullptr);
         const pid_t child = fork();
         if (child == 0) {
@@ -95,72 +96,50 @@ protected:
         EXPECT_EQ(status, 0) << command.back();
     }
 
-    /// The program may run on when the tool that started it is gone.
-    void expectFileArrived() const
+    /// Runs the command and waits for the program, which may run on when the tool that started it is gone.
+    void expectArrivalBy(const std::vector<std::string>& command) const
     {
-        const std::filesystem::path record = path("arguments");
-        const auto limit = std::chrono::steady_clock::now() + std::chrono::seconds(20);
-        while (!std::filesystem::exists(record) && std::chrono::steady_clock::now() < limit)
-            std::this_thread::yield();
-        EXPECT_EQ(bytes(record), m_file + '\0');
+        run(command);
+        EXPECT_TRUE(waitUntil([this] { return std::filesystem::exists(path("arguments")); })) << command[0];
+        EXPECT_EQ(bytes("arguments"), m_file + '\0');
+        std::filesystem::remove(path("arguments"));
     }
 
     const std::string m_program = path(GetParam().program).string();
     const std::string m_file = path(GetParam().file).string();
+    const std::string m_fileInQuotes = '\'' + replaced(m_file, {{"'", "'\\''"}}) + '\'';
     const std::string m_link = path("data/Thunar/sendto/k.desktop").string();
 };
 
-TEST_P(AwkwardNames, ReachTheProgramFromTheSendToMenu)
+TEST_P(AwkwardNames, ReachTheProgramFromTheSendToMenuAndTheServiceMenu)
 {
     run({"desktop-file-validate", m_link});
-    run({"gio", "launch", m_link, m_file});
-    expectFileArrived();
-}
-
-TEST_P(AwkwardNames, ReachTheProgramFromTheServiceMenu)
-{
+    expectArrivalBy({"gio", "launch", m_link, m_file});
     // Only the frame differs from a desktop entry that can be launched on its own.
-    const std::string exec = between(bytes(path(m_serviceMenu)), "\nExec=", "\n");
+    const std::string exec = between("data/kio/servicemenus/" + m_id + ".desktop", "\nExec=", "\n");
     write("service.desktop", "[Desktop Entry]\nType=Application\nName=x\nExec=" + exec + '\n');
-    run({"gio", "launch", path("service.desktop").string(), m_file});
-    expectFileArrived();
+    expectArrivalBy({"gio", "launch", path("service.desktop").string(), m_file});
 }
 
-TEST_P(AwkwardNames, ReachTheProgramFromThunar)
+TEST_P(AwkwardNames, ReachTheProgramFromThunarAndNemo)
 {
-    std::string command = between(bytes(path(m_actions)), "<command>", "</command>");
-    command = replaced(replaced(command, "&lt;", "<"), "&gt;", ">");
-    run({"/bin/sh", "-c", expanded(replaced(command, "&amp;", "&"), 'f', m_file)});
-    expectFileArrived();
-}
-
-TEST_P(AwkwardNames, ReachTheProgramFromNemo)
-{
-    const std::string value = between(bytes(path(m_nemoAction)), "\nExec=", "\n");
-    std::string command;
-    for (std::size_t i = 0; i < value.size(); ++i) {
-        const bool isEscape = value[i] == '\\';
-        i += isEscape ? 1 : 0;
-        command += isEscape && value[i] == 'n' ? '\n' : isEscape && value[i] == 't' ? '\t' : value[i];
-    }
+    const std::string action = between(m_actions, "<command>", "</command>");
+    const std::string command = replaced(action, {{"&lt;", "<"}, {"&gt;", ">"}, {"&amp;", "&"}});
+    expectArrivalBy({"/bin/sh", "-c", replaced(command, {{"%%", "%"}, {"%f", m_fileInQuotes}})});
     // Nemo has no shell in between; to split words in single quotes, one does the same.
-    run({"/bin/sh", "-c", expanded(command, 'F', m_file)});
-    expectFileArrived();
+    const std::string value = between("data/nemo/actions/" + m_id + ".nemo_action", "\nExec=", "\n");
+    const std::string line = replaced(value, {{"\\\\", "\\"}, {"\\n", "\n"}, {"\\t", "\t"}});
+    expectArrivalBy({"/bin/sh", "-c", replaced(line, {{"%%", "%"}, {"%F", m_fileInQuotes}})});
 }
 
 TEST_P(AwkwardNames, ReachTheProgramFromAScript)
 {
     const std::string script = path("data/nautilus/scripts/Check").string();
-    run({script, m_file});
-    expectFileArrived();
-    std::filesystem::remove(path("arguments"));
-    run({script, GetParam().file}); // a name in the folder that is shown
-    expectFileArrived();
-    std::filesystem::remove(path("arguments"));
+    expectArrivalBy({script, m_file});
+    expectArrivalBy({script, GetParam().file}); // a name in the folder that is shown
     setenv("NAUTILUS_SCRIPT_SELECTED_FILE_PATHS", (m_file + '\n').c_str(), 1);
-    run({script, replaced(GetParam().file, "%", "")}); // as GNOME Files mangles it
+    expectArrivalBy({script, replaced(GetParam().file, {{"%", ""}})}); // as GNOME Files mangles it
     unsetenv("NAUTILUS_SCRIPT_SELECTED_FILE_PATHS");
-    expectFileArrived();
 }
 
 INSTANTIATE_TEST_SUITE_P(All, AwkwardNames, testing::ValuesIn(kNames),

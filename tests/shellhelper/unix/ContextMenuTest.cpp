@@ -1,83 +1,73 @@
 #include "shellhelper/unix/Desktop.h"
+#include "support/Wait.h"
 
 #include <sys/stat.h>
 
 #include <cerrno>
+#include <sstream>
 
 namespace quillon::tests {
 namespace {
 
+using err::systemError;
+
 using ContextMenu = Desktop;
 using SendToLink = Desktop;
+using Folders = Desktop;
 
 constexpr err::ResultCode kSuccess;
-
-err::ResultCode systemError(int code)
-{
-    return {err::kGroupSystem, static_cast<std::uint32_t>(code)};
-}
-
-ino_t inode(const std::filesystem::path& file)
-{
-    struct stat status = {};
-    return lstat(file.c_str(), &status) == 0 ? status.st_ino : 0;
-}
 
 TEST_F(ContextMenu, StandsInEveryInstalledFileManagerUntilItIsRemoved)
 {
     install({"dolphin", "thunar", "nemo", "nautilus", "caja"});
-    const auto before = files();
     EXPECT_EQ(exists(), systemError(ENOENT));
-    EXPECT_EQ(create(), kSuccess);
+    ASSERT_EQ(create(), kSuccess);
     EXPECT_EQ(exists(), kSuccess);
-    const std::map<std::string, mode_t> expected{{m_serviceMenu, 0755},
-                                                 {m_actions, 0644},
-                                                 {m_nemoAction, 0644},
-                                                 {"data/nautilus/scripts/Check", 0755},
-                                                 {"config/caja/scripts/Check", 0755}};
-    EXPECT_EQ(files().size(), before.size() + expected.size());
-    for (const auto& [name, mode] : expected) {
+    // As after a change of language, and with all that a format might take for its own.
+    for (int i = 0; i < 2; ++i)
+        ASSERT_EQ(create(R"(/opt/50% "k" 'k' $k \)", L" \u0414\u0430/<&%\\"), kSuccess);
+    const std::filesystem::path link = path("data/Thunar/sendto/k.desktop");
+    ASSERT_EQ(asResult(helper().createShellLink("/opt/50% k", " A & B", link.c_str())), kSuccess);
+    std::ostringstream written;
+    for (const auto& [name, content] : files()) {
         struct stat status = {};
-        EXPECT_EQ(stat(path(name).c_str(), &status), 0) << name;
-        EXPECT_EQ(status.st_mode & 07777, mode) << name;
+        EXPECT_EQ(stat(path(name).c_str(), &status), 0);
+        written << "### " << name << ' ' << std::oct << (status.st_mode & 07777) << '\n' << content;
     }
+    std::ifstream expected(KESTRUM_TEST_DATA "/shellhelper/unix/entries.txt", std::ios::binary);
+    EXPECT_EQ(written.str(), std::string(std::istreambuf_iterator<char>(expected), {}));
+    std::filesystem::remove(link);
     EXPECT_EQ(remove(), kSuccess);
-    EXPECT_EQ(files(), before);
+    EXPECT_TRUE(files().empty());
+    EXPECT_EQ(exists(), systemError(ENOENT));
     EXPECT_EQ(remove(), kSuccess);
 }
 
 TEST_F(ContextMenu, IsWrittenOnlyWhereTheFileManagerOrItsFolderIs)
 {
     EXPECT_EQ(create(), systemError(ENOENT));
-    EXPECT_TRUE(files().empty());
-    std::filesystem::create_directories(path("data/nemo"));
-    EXPECT_EQ(create(), kSuccess);
-    EXPECT_EQ(files().size(), 1U);
+    for (const char* folder :
+         {"data/kio/servicemenus", "config/Thunar", "data/nemo", "data/nautilus", "config/caja"}) {
+        std::filesystem::create_directories(path(folder));
+        EXPECT_EQ(create(), kSuccess) << folder;
+        EXPECT_EQ(exists(), kSuccess) << folder;
+        EXPECT_EQ(files().size(), 1U) << folder;
+        EXPECT_EQ(remove(), kSuccess) << folder;
+        std::filesystem::remove_all(path(folder));
+    }
 }
 
 TEST_F(ContextMenu, IsNotWrittenAgainWhileItIsRight)
 {
     install({"dolphin", "thunar", "nemo", "nautilus"});
     ASSERT_EQ(create(), kSuccess);
-    std::map<std::string, ino_t> inodes;
-    for (const auto& [name, bytes] : files())
-        inodes[name] = inode(path(name));
+    const auto before = files();
+    for (const auto& [name, content] : before)
+        std::filesystem::create_hard_link(path(name),
+                                          path("bin") / std::to_string(std::hash<std::string>()(name)));
     ASSERT_EQ(create(), kSuccess);
-    for (const auto& [name, number] : inodes)
-        EXPECT_EQ(inode(path(name)), number) << name;
-}
-
-TEST_F(ContextMenu, TakesTheNewTextEverywhereAndKeepsNoOldScript)
-{
-    install({"dolphin", "thunar", "nemo", "nautilus"});
-    ASSERT_EQ(create(), kSuccess);
-    const std::size_t count = files().size();
-    ASSERT_EQ(create("/opt/k/kestrum", L"\u0414\u0430/<&%"), kSuccess);
-    EXPECT_EQ(files().size(), count);
-    EXPECT_TRUE(std::filesystem::exists(path("data/nautilus/scripts/\u0414\u0430\u2215<&\uFF05")));
-    EXPECT_NE(bytes(path(m_serviceMenu)).find("\nName=\u0414\u0430/<&%\n"), std::string::npos);
-    EXPECT_NE(bytes(path(m_nemoAction)).find("\nName=\u0414\u0430/<&%%\n"), std::string::npos);
-    EXPECT_NE(bytes(path(m_actions)).find("<name>\u0414\u0430/&lt;&amp;%</name>"), std::string::npos);
+    for (const auto& [name, content] : before)
+        EXPECT_EQ(std::filesystem::hard_link_count(path(name)), 2U) << name << " is another file";
 }
 
 TEST_F(ContextMenu, LeavesWhatTheUserOwnsAlone)
@@ -94,26 +84,32 @@ TEST_F(ContextMenu, LeavesWhatTheUserOwnsAlone)
 TEST_F(ContextMenu, RefusesWhatItCannotMake)
 {
     install({"nemo"});
-    const std::pair<const wchar_t*, int> commands[] = {{L"", EINVAL},
-                                                       {L"\"/p\"", EINVAL},
-                                                       {L"\"/p\" \"%L\" x", EINVAL},
-                                                       {L"\"/p \"%L\"", EINVAL},
-                                                       {L"p \"%L\"", EINVAL},
-                                                       {L"\"/p%L\" \"%L\"", EINVAL},
-                                                       {L"\"/p\\", EINVAL},
-                                                       {L"\"/p\" \"%L", EINVAL}};
-    for (const auto& [command, error] : commands)
-        EXPECT_EQ(asResult(helper().createShellContextMenuForUserW(L"*", L"Check", command, kId)),
-                  systemError(error))
-            << text::utf8FromWide(command);
-    EXPECT_EQ(asResult(helper().createShellContextMenuForUser("*", "Check", "\"/\xFF\" %L", "id")),
-              systemError(EILSEQ));
-    EXPECT_EQ(asResult(helper().createShellContextMenuForUser("Directory", "Check", "/p %L", "id")),
-              systemError(ENOSYS));
-    const err::ResultCode invalid{err::kGroupProgram, 5};
-    EXPECT_EQ(asResult(helper().createShellContextMenuForUser("*", "Check", "/p %L", "../id")), invalid);
-    EXPECT_EQ(asResult(helper().createShellContextMenuForUser("*", "Check", "/p %L", nullptr)), invalid);
-    EXPECT_EQ(files().size(), 1U);
+    const err::ResultCode invalidArgument{5, 5};
+    struct Row
+    {
+        const char* fileType;
+        const char* command;
+        const char* id;
+        err::ResultCode result;
+    };
+    const Row rows[] = {{"*", "", "id", systemError(EINVAL)},
+                        {"*", "\"/p\"", "id", systemError(EINVAL)},
+                        {"*", "\"/p\" \"%L\" x", "id", systemError(EINVAL)},
+                        {"*", "\"/p \"%L\"", "id", systemError(EINVAL)},
+                        {"*", "p \"%L\"", "id", systemError(EINVAL)},
+                        {"*", "\"/p%L\" \"%L\"", "id", systemError(EINVAL)},
+                        {"*", "\"/p\\", "id", systemError(EINVAL)},
+                        {"*", "\"/p\" \"%L", "id", systemError(EINVAL)},
+                        {"*", "\"/\xFF\" %L", "id", systemError(EILSEQ)},
+                        {"Directory", "/p %L", "id", systemError(ENOSYS)},
+                        {"*", "/p %L", "../id", invalidArgument},
+                        {"*", "/p %L", "i\n", invalidArgument},
+                        {"*", "/p %L", "", invalidArgument},
+                        {"*", "/p %L", nullptr, invalidArgument}};
+    for (const auto& [fileType, command, id, result] : rows)
+        EXPECT_EQ(asResult(helper().createShellContextMenuForUser(fileType, "Check", command, id)), result)
+            << command;
+    EXPECT_TRUE(files().empty());
 }
 
 TEST_F(SendToLink, IsMadeOnlyWhereThunarOrTheFolderIs)
@@ -125,13 +121,18 @@ TEST_F(SendToLink, IsMadeOnlyWhereThunarOrTheFolderIs)
     EXPECT_TRUE(std::filesystem::exists(link));
 }
 
-TEST_F(Desktop, OpensFoldersAndNothingElse)
+TEST_F(Folders, AreShownByTheDesktopsOpenerAndNothingElseIs)
 {
+    const std::string folder = path("bin").string();
+    EXPECT_EQ(asResult(helper().openDir(folder.c_str())), systemError(ENOENT)) << "no opener";
+    install({"xdg-open"});
+    write("bin/xdg-open", "#!/bin/sh\necho \"$*\" >\"$HOME/part\"\n/bin/mv \"$HOME/part\" \"$HOME/shown\"\n");
     EXPECT_EQ(asResult(helper().openDir(path("bin/none").c_str())), systemError(ENOTDIR));
-    EXPECT_EQ(asResult(helper().openDir(path("bin").c_str())), systemError(ENOENT)); // no opener
-    EXPECT_EQ(asResult(helper().openDirAndSelectItem(path("bin").c_str())), systemError(ENOSYS));
-    EXPECT_EQ(asResult(helper().deleteDir(path("bin").c_str())), systemError(ENOSYS));
-    EXPECT_TRUE(std::filesystem::exists(path("bin")));
+    EXPECT_EQ(asResult(helper().openDirAndSelectItem(folder.c_str())), systemError(ENOSYS));
+    EXPECT_EQ(asResult(helper().deleteDir(folder.c_str())), systemError(ENOSYS));
+    EXPECT_EQ(asResult(helper().openDir(folder.c_str())), kSuccess);
+    ASSERT_TRUE(waitUntil([this] { return std::filesystem::exists(path("shown")); }));
+    EXPECT_EQ(bytes("shown"), folder + '\n');
 }
 
 } // namespace

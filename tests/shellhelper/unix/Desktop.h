@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/Process.h"
 #include "shellhelper/HelperLibrary.h"
 #include "support/PrintResultCode.h"
 #include "support/TempFolder.h"
@@ -22,11 +23,13 @@ class Desktop : public testing::Test
 protected:
     Desktop()
     {
-        set("HOME", "");
-        set("XDG_DATA_HOME", "data");
-        set("XDG_CONFIG_HOME", "config");
-        set("XDG_CONFIG_DIRS", "etc");
-        set("PATH", "bin");
+        const std::pair<const char*, const char*> folders[] = {{"HOME", ""},
+                                                               {"XDG_DATA_HOME", "data"},
+                                                               {"XDG_CONFIG_HOME", "config"},
+                                                               {"XDG_CONFIG_DIRS", "etc"},
+                                                               {"PATH", "bin"}};
+        for (const auto& [variable, name] : folders)
+            setenv(variable, path(name).c_str(), 1);
         std::filesystem::create_directories(path("bin"));
     }
 
@@ -45,19 +48,20 @@ protected:
         return m_home.write(name, bytes);
     }
 
-    [[nodiscard]] static std::string bytes(const std::filesystem::path& file)
+    [[nodiscard]] std::string bytes(const std::string& name) const
     {
-        std::ifstream stream(file, std::ios::binary);
+        std::ifstream stream(path(name), std::ios::binary);
         return {std::istreambuf_iterator<char>(stream), {}};
     }
 
-    /// All files of the user, by their paths.
+    /// All files of the user, by their names.
     [[nodiscard]] std::map<std::string, std::string> files() const
     {
         std::map<std::string, std::string> found;
         for (const auto& entry : std::filesystem::recursive_directory_iterator(m_home.path())) {
-            if (!entry.is_directory())
-                found[entry.path().lexically_relative(m_home.path()).string()] = bytes(entry.path());
+            const std::string name = entry.path().lexically_relative(m_home.path()).string();
+            if (!entry.is_directory() && !name.starts_with("bin/"))
+                found[name] = bytes(name);
         }
         return found;
     }
@@ -65,9 +69,8 @@ protected:
     static err::ResultCode create(const std::string& program = "/opt/k/kestrum",
                                   const wchar_t* text = L"Check")
     {
-        const std::string command = '"' + program + "\" \"%L\"";
-        return asResult(
-            helper().createShellContextMenuForUserT(L"*", text, text::wideFromUtf8(command).c_str(), kId));
+        const std::wstring command = platform::shellFileCommand(program);
+        return asResult(helper().createShellContextMenuForUserT(L"*", text, command.c_str(), kId));
     }
 
     static err::ResultCode remove()
@@ -82,12 +85,8 @@ protected:
 
     const std::string m_id = text::utf8FromWide(kId);
     const std::string m_actions = "config/Thunar/uca.xml";
-    const std::string m_serviceMenu = "data/kio/servicemenus/" + m_id + ".desktop";
-    const std::string m_nemoAction = "data/nemo/actions/" + m_id + ".nemo_action";
 
 private:
-    void set(const char* variable, const std::string& name) const { setenv(variable, path(name).c_str(), 1); }
-
     TempFolder m_home;
 };
 

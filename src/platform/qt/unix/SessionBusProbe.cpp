@@ -1,5 +1,7 @@
 #include "platform/qt/unix/SessionBusProbe.h"
 
+#include "platform/unix/Posix.h"
+
 #include <QByteArray>
 #include <QByteArrayList>
 #include <QtGlobal>
@@ -7,7 +9,6 @@
 #include <poll.h>
 #include <sys/socket.h>
 #include <sys/un.h>
-#include <unistd.h>
 
 #include <cstddef>
 #include <cstring>
@@ -42,61 +43,39 @@ QByteArray socketName()
                                                                    : QByteArray();
 }
 
-class Socket
+bool connectTo(int descriptor, const QByteArray& name)
 {
-public:
-    Socket() noexcept
-        : m_descriptor(socket(AF_UNIX, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0))
-    {
-    }
-    Socket(const Socket&) = delete;
-    Socket& operator=(const Socket&) = delete;
-    ~Socket()
-    {
-        if (m_descriptor >= 0)
-            close(m_descriptor);
-    }
+    sockaddr_un address = {};
+    address.sun_family = AF_UNIX;
+    const auto size = static_cast<std::size_t>(name.size());
+    if (size == 0 || size >= sizeof address.sun_path)
+        return false;
+    std::memcpy(address.sun_path, name.constData(), size);
+    // The length tells where an abstract name ends; a path ends with its zero byte, which may be left out.
+    const auto length = static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + size);
+    return connect(descriptor, reinterpret_cast<const sockaddr*>(&address), length) == 0;
+}
 
-    [[nodiscard]] bool connectTo(const QByteArray& name) const
-    {
-        sockaddr_un address = {};
-        address.sun_family = AF_UNIX;
-        const auto size = static_cast<std::size_t>(name.size());
-        if (m_descriptor < 0 || size == 0 || size >= sizeof address.sun_path)
-            return false;
-        std::memcpy(address.sun_path, name.constData(), size);
-        // The length tells where an abstract name ends; a path ends with its zero byte, which may be left
-        // out.
-        const auto length = static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + size);
-        return connect(m_descriptor, reinterpret_cast<const sockaddr*>(&address), length) == 0;
-    }
+bool say(int descriptor, std::string_view words)
+{
+    return send(descriptor, words.data(), words.size(), MSG_NOSIGNAL) == static_cast<ssize_t>(words.size());
+}
 
-    [[nodiscard]] bool say(std::string_view words) const
-    {
-        return send(m_descriptor, words.data(), words.size(), MSG_NOSIGNAL) ==
-               static_cast<ssize_t>(words.size());
-    }
-
-    [[nodiscard]] bool hears(std::chrono::milliseconds patience) const
-    {
-        pollfd wait{m_descriptor, POLLIN, 0};
-        char answer = 0;
-        return poll(&wait, 1, static_cast<int>(patience.count())) == 1 &&
-               recv(m_descriptor, &answer, 1, 0) == 1;
-    }
-
-private:
-    int m_descriptor;
-};
+bool hears(int descriptor, std::chrono::milliseconds patience)
+{
+    pollfd wait{descriptor, POLLIN, 0};
+    char answer = 0;
+    return poll(&wait, 1, static_cast<int>(patience.count())) == 1 && recv(descriptor, &answer, 1, 0) == 1;
+}
 
 } // namespace
 
 bool answersSessionBus(std::chrono::milliseconds patience)
 {
     using namespace std::string_view_literals;
-    const Socket socket;
+    const Descriptor bus(socket(AF_UNIX, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0));
     // The zero byte begins every talk with a bus; the line asks which ways to log in there are.
-    return socket.connectTo(socketName()) && socket.say("\0AUTH\r\n"sv) && socket.hears(patience);
+    return connectTo(bus.get(), socketName()) && say(bus.get(), "\0AUTH\r\n"sv) && hears(bus.get(), patience);
 }
 
 } // namespace quillon::platform

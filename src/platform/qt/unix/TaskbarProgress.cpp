@@ -7,7 +7,6 @@
 #include <QDBusMessage>
 #include <QVariantMap>
 
-#include <algorithm>
 #include <atomic>
 #include <chrono>
 #include <future>
@@ -99,63 +98,34 @@ QDBusMessage updateSignal(bool visible, int percent)
 
 } // namespace
 
-class TaskbarProgress::Private
+class TaskbarProgress::Button
 {
 public:
-    Private() = default;
+    Button() = default;
+    Button(const Button&) = delete;
+    Button& operator=(const Button&) = delete;
+    ~Button() { m_bus->leave(); }
 
-    ~Private()
-    {
-        setVisible(false);
-        m_bus->leave();
-    }
-
-    Private(const Private&) = delete;
-    Private& operator=(const Private&) = delete;
-
-    void setVisible(bool visible)
-    {
-        // What was never shown needs no word that it is hidden, so that a start does not wake the bus.
-        if (std::exchange(m_visible, visible) != visible)
-            send();
-    }
-
-    void setValue(int percent)
-    {
-        const int value = std::clamp(percent, 0, 100);
-        if (std::exchange(m_percent, value) != value && m_visible)
-            send();
-    }
+    void tell(bool isShown, int percent) { m_bus->send(updateSignal(isShown, percent)); }
 
 private:
-    void send() { m_bus->send(updateSignal(m_visible, m_percent)); }
-
     std::shared_ptr<SessionBus> m_bus = std::make_shared<SessionBus>();
-    bool m_visible = false;
-    int m_percent = 0;
 };
 
 // The launcher entry is named by the desktop file, not by a window.
 TaskbarProgress::TaskbarProgress(quintptr /*windowId*/)
-    : m_private(std::make_unique<Private>())
+    : m_button(std::make_unique<Button>())
 {
 }
 
-TaskbarProgress::~TaskbarProgress() = default;
-
-void TaskbarProgress::show()
+TaskbarProgress::~TaskbarProgress()
 {
-    m_private->setVisible(true);
+    hide();
 }
 
-void TaskbarProgress::hide()
+void TaskbarProgress::tell()
 {
-    m_private->setVisible(false);
-}
-
-void TaskbarProgress::setValue(int percent)
-{
-    m_private->setValue(percent);
+    m_button->tell(m_isShown, m_percent);
 }
 
 } // namespace quillon::platform

@@ -1,5 +1,7 @@
 #include "platform/qt/UserPlaces.h"
 
+#include "platform/unix/Posix.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -7,16 +9,8 @@
 
 #include <fcntl.h>
 #include <sys/file.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace quillon::platform {
-
-QString userDataFolder()
-{
-    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
-}
-
 namespace {
 
 constexpr mode_t kOwnerOnly = S_IRUSR | S_IWUSR;
@@ -32,9 +26,7 @@ void makeOwnerOnlyFile(const QString& path)
             static_cast<void>(chmod(name.constData(), status.st_mode & S_IRWXU));
         return;
     }
-    const int descriptor = open(name.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kOwnerOnly);
-    if (descriptor >= 0)
-        close(descriptor);
+    const Descriptor made(open(name.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kOwnerOnly));
 }
 
 /// QLockFile keeps a native lock on its file for as long as it holds it, so a lock file without one was left
@@ -43,21 +35,22 @@ void makeOwnerOnlyFile(const QString& path)
 void removeAbandonedLock(const QString& path)
 {
     const QByteArray name = QFile::encodeName(path);
-    const int descriptor = open(name.constData(), O_RDWR | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK);
-    if (descriptor < 0)
-        return;
+    const Descriptor lock(open(name.constData(), O_RDWR | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK));
     struct stat opened = {};
     struct stat named = {};
-    const bool isFree = flock(descriptor, LOCK_EX | LOCK_NB) == 0;
+    const bool isFree = lock.isOpen() && flock(lock.get(), LOCK_EX | LOCK_NB) == 0;
     // By now the name may belong to another process's lock.
-    const bool isSame = fstat(descriptor, &opened) == 0 && stat(name.constData(), &named) == 0 &&
-                        opened.st_dev == named.st_dev && opened.st_ino == named.st_ino;
-    if (isFree && isSame)
+    if (isFree && fstat(lock.get(), &opened) == 0 && stat(name.constData(), &named) == 0 &&
+        isSameFile(opened, named))
         unlink(name.constData());
-    close(descriptor);
 }
 
 } // namespace
+
+QString userDataFolder()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+}
 
 SettingsStore settingsStore(const QString& organisation, const QString& product)
 {

@@ -4,8 +4,8 @@
 
 #include <shobjidl.h>
 
-#include <algorithm>
 #include <memory>
+#include <utility>
 
 namespace quillon::platform {
 namespace {
@@ -33,74 +33,45 @@ TaskbarList createTaskbarList()
 
 } // namespace
 
-class TaskbarProgress::Private
+class TaskbarProgress::Button
 {
 public:
-    explicit Private(quintptr windowId)
+    explicit Button(quintptr windowId)
         : m_window(reinterpret_cast<HWND>(windowId))
     {
     }
-    ~Private() { setVisible(false); }
-    Private(const Private&) = delete;
-    Private& operator=(const Private&) = delete;
 
-    void setVisible(bool visible)
+    void tell(bool isShown, int percent)
     {
-        if (m_visible == visible)
+        // The list is made at the first use, so that a start does not pay for it.
+        if (!std::exchange(m_isAsked, true))
+            m_list = createTaskbarList();
+        if (!m_list)
             return;
-        m_visible = visible;
-        apply();
-    }
-
-    void setValue(int percent)
-    {
-        m_percent = std::clamp(percent, 0, static_cast<int>(kWholePercent));
-        if (m_visible)
-            apply();
+        m_list->SetProgressState(m_window, isShown ? TBPF_NORMAL : TBPF_NOPROGRESS);
+        if (isShown)
+            m_list->SetProgressValue(m_window, static_cast<ULONGLONG>(percent), kWholePercent);
     }
 
 private:
-    // The list is made at the first use, so that a start does not pay for it.
-    void apply()
-    {
-        if (!m_asked) {
-            m_asked = true;
-            m_list = createTaskbarList();
-        }
-        if (!m_list)
-            return;
-        m_list->SetProgressState(m_window, m_visible ? TBPF_NORMAL : TBPF_NOPROGRESS);
-        if (m_visible)
-            m_list->SetProgressValue(m_window, static_cast<ULONGLONG>(m_percent), kWholePercent);
-    }
-
     HWND m_window;
     TaskbarList m_list;
-    bool m_asked = false;
-    bool m_visible = false;
-    int m_percent = 0;
+    bool m_isAsked = false;
 };
 
 TaskbarProgress::TaskbarProgress(quintptr windowId)
-    : m_private(std::make_unique<Private>(windowId))
+    : m_button(std::make_unique<Button>(windowId))
 {
 }
 
-TaskbarProgress::~TaskbarProgress() = default;
-
-void TaskbarProgress::show()
+TaskbarProgress::~TaskbarProgress()
 {
-    m_private->setVisible(true);
+    hide();
 }
 
-void TaskbarProgress::hide()
+void TaskbarProgress::tell()
 {
-    m_private->setVisible(false);
-}
-
-void TaskbarProgress::setValue(int percent)
-{
-    m_private->setValue(percent);
+    m_button->tell(m_isShown, m_percent);
 }
 
 } // namespace quillon::platform

@@ -6,16 +6,16 @@
 #include "support/TempFolder.h"
 
 #include <QElapsedTimer>
-#include <QFileInfo>
+#include <QFile>
 
 #include <gtest/gtest.h>
-#include <poll.h>
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <unistd.h>
 
 #include <memory>
 #include <string>
+#include <thread>
 
 namespace quillon::platform {
 namespace {
@@ -23,46 +23,69 @@ namespace {
 constexpr QFile::Permissions kOwnerOnly =
     QFile::ReadOwner | QFile::WriteOwner | QFile::ReadUser | QFile::WriteUser;
 
-class SettingsStoreTest : public testing::Test
+TEST(SettingsStore, IsTheOwnersAloneHoweverItComesToBe)
 {
-protected:
-    SettingsStoreTest() { qputenv("XDG_CONFIG_HOME", QByteArray::fromStdString(folder.path().string())); }
-    ~SettingsStoreTest() override { qputenv("XDG_CONFIG_HOME", m_former); }
-
-    static QFile::Permissions permissionsAfterOpening()
-    {
-        return QFile::permissions(settingsStore("House", "Product").path);
-    }
-
-    tests::TempFolder folder;
-
-private:
-    QByteArray m_former = qgetenv("XDG_CONFIG_HOME");
-};
-
-TEST_F(SettingsStoreTest, IsMadeForItsOwnerAloneAndStaysSoWhenItIsWritten)
-{
-    EXPECT_EQ(permissionsAfterOpening(), kOwnerOnly);
-    {
-        const SettingsStore store = settingsStore("House", "Product");
-        QSettings(store.path, store.format).setValue("Key", 1);
-    }
-    EXPECT_GT(QFileInfo(settingsStore("House", "Product").path).size(), 0);
-    EXPECT_EQ(permissionsAfterOpening(), kOwnerOnly);
+    const tests::TempFolder folder;
+    const QByteArray former = qgetenv("XDG_CONFIG_HOME");
+    qputenv("XDG_CONFIG_HOME", QByteArray::fromStdString(folder.path().string()));
+    const SettingsStore store = settingsStore("House", "Product");
+    EXPECT_EQ(store.path.toStdString(), folder.file("House/Product.conf").string());
+    EXPECT_EQ(QFile::permissions(store.path), kOwnerOnly);
+    QSettings(store.path, store.format).setValue("Key", 7);
+    EXPECT_EQ(QFile::permissions(store.path), kOwnerOnly) << "once it is written";
+    QFile::setPermissions(store.path, kOwnerOnly | QFile::ReadGroup | QFile::ReadOther);
+    EXPECT_EQ(settingsStore("House", "Product").path, store.path);
+    EXPECT_EQ(QFile::permissions(store.path), kOwnerOnly) << "where others could read it";
+    EXPECT_EQ(QSettings(store.path, QSettings::IniFormat).value("Key").toInt(), 7);
+    qputenv("XDG_CONFIG_HOME", former);
 }
 
-TEST_F(SettingsStoreTest, ThatOthersCouldReadIsClosedToThemWithItsContentsKept)
+/// How many milliseconds a progress takes that is shown and gone.
+qint64 timeOfOneProgress()
 {
-    const QString path = settingsStore("House", "Product").path;
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write("[General]\nKey=7\n") > 0);
-    ASSERT_TRUE(file.setPermissions(kOwnerOnly | QFile::ReadGroup | QFile::ReadOther));
-    file.close();
-    EXPECT_EQ(permissionsAfterOpening(), kOwnerOnly);
-    EXPECT_EQ(QSettings(path, QSettings::IniFormat).value("Key").toInt(), 7);
+    QElapsedTimer timer;
+    timer.start();
+    {
+        TaskbarProgress progress(0);
+        progress.show();
+        progress.setValue(50);
+        EXPECT_LT(timer.elapsed(), 400) << "the caller was held up";
+    }
+    return timer.elapsed();
 }
 
-// The program's connection to the bus is made once, so all that needs a bus is one test.
+// Were the bus library let at a bus that does not answer, the program's end would wait for it for ever.
+TEST(TaskbarProgress, WithoutABusThatAnswersIsSilentAndHoldsNobodyUp)
+{
+    ASSERT_FALSE(qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS"));
+    EXPECT_LT(timeOfOneProgress(), 400);
+    const tests::TempFolder folder;
+    const std::string path = folder.file("bus, mute").string();
+    sockaddr_un address = {};
+    address.sun_family = AF_UNIX;
+    path.copy(address.sun_path, sizeof address.sun_path - 1);
+    qputenv("DBUS_SESSION_BUS_ADDRESS",
+            "tcp:host=x;unix:guid=0,path=" +
+                QByteArray::fromStdString(path).replace(",", "%2C").replace(" ", "%20"));
+    EXPECT_FALSE(answersSessionBus(tests::kWaitLimit)) << "no socket";
+    const int bus = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    ASSERT_EQ(bind(bus, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
+    ASSERT_EQ(listen(bus, 4), 0);
+    EXPECT_FALSE(answersSessionBus(std::chrono::milliseconds(50))) << "takes calls and never answers";
+    EXPECT_LT(timeOfOneProgress(), 1500);
+    std::thread hangUp([bus] {
+        for (int call = 0; call < 3; ++call) // those above, and one more
+            close(accept(bus, nullptr, nullptr));
+    });
+    EXPECT_FALSE(answersSessionBus(tests::kWaitLimit)) << "hangs up";
+    shutdown(bus, SHUT_RDWR);
+    hangUp.join();
+    close(bus);
+    qunsetenv("DBUS_SESSION_BUS_ADDRESS");
+}
+
+// The program's connection to the bus is made once, so all that needs a bus is one test, behind the one that
+// must not make it.
 TEST(TaskbarProgress, TellsTheDockWhatChangesWhileItIsShown)
 {
     tests::LauncherBus bus;
@@ -82,75 +105,6 @@ TEST(TaskbarProgress, TellsTheDockWhatChangesWhileItIsShown)
     EXPECT_TRUE(tests::waitFor([&] { return bus.updates().size() >= expected.size(); }));
     EXPECT_EQ(bus.updates(), expected) << bus.updates().join(", ").toStdString();
     EXPECT_EQ(bus.application(), "application://example.quillon.Kestrum.desktop");
-}
-
-/// Where there should be a session bus: a socket that takes calls and never answers.
-class MuteBus
-{
-public:
-    MuteBus()
-    {
-        sockaddr_un address = {};
-        address.sun_family = AF_UNIX;
-        const std::string path = m_folder.file("bus, mute").string();
-        path.copy(address.sun_path, sizeof address.sun_path - 1);
-        m_isThere = bind(m_socket, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0 &&
-                    listen(m_socket, 4) == 0;
-        qputenv("DBUS_SESSION_BUS_ADDRESS",
-                "tcp:host=x;unix:guid=0,path=" +
-                    QByteArray::fromStdString(path).replace(",", "%2C").replace(" ", "%20"));
-    }
-    MuteBus(const MuteBus&) = delete;
-    MuteBus& operator=(const MuteBus&) = delete;
-    ~MuteBus()
-    {
-        qunsetenv("DBUS_SESSION_BUS_ADDRESS");
-        close(m_socket);
-    }
-
-    [[nodiscard]] bool isThere() const noexcept { return m_isThere; }
-
-    /// Whether somebody has called.
-    [[nodiscard]] bool isCalled() const
-    {
-        pollfd wait{m_socket, POLLIN, 0};
-        return poll(&wait, 1, 0) == 1;
-    }
-
-private:
-    tests::TempFolder m_folder;
-    int m_socket = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    bool m_isThere = false;
-};
-
-/// How many milliseconds a progress takes that is shown and gone.
-qint64 timeOfOneProgress()
-{
-    QElapsedTimer timer;
-    timer.start();
-    {
-        TaskbarProgress progress(0);
-        progress.show();
-        progress.setValue(50);
-        EXPECT_LT(timer.elapsed(), 400) << "the caller was held up";
-    }
-    return timer.elapsed();
-}
-
-TEST(TaskbarProgress, WithoutABusIsSilentAndQuick)
-{
-    ASSERT_FALSE(qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS"));
-    EXPECT_LT(timeOfOneProgress(), 400);
-}
-
-// Were the bus library let at this bus, the program's end would wait for it for ever.
-TEST(TaskbarProgress, OnABusThatNeverAnswersHoldsNobodyUp)
-{
-    const MuteBus bus;
-    ASSERT_TRUE(bus.isThere());
-    EXPECT_FALSE(answersSessionBus(std::chrono::milliseconds(50)));
-    EXPECT_TRUE(bus.isCalled());
-    EXPECT_LT(timeOfOneProgress(), 1500);
 }
 
 } // namespace
