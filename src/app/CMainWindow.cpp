@@ -7,7 +7,7 @@
 #include "crypto/HashCatalogue.h"
 #include "logger/Log.h"
 #include "platform/qt/TaskbarProgress.h"
-#include "settings/DefaultHashAlgorithm.h"
+#include "settings/SettingsKeys.h"
 #include "ui/Appearance.h"
 #include "ui/CProgressBarFrame.h"
 #include "ui/CSelectAlgFrame.h"

@@ -11,7 +11,7 @@
 #include "thread/Thread.h"
 #include "ui/AlgorithmList.h"
 #include "ui/FilesDropTarget.h"
-#include "ui/IAppOptionsChanged.h"
+#include "ui/SAppOptions.h"
 #include "ui/SRemainingTimeEstimator.h"
 
 #include <QMainWindow>
@@ -131,9 +131,11 @@ private:
     void processCommandLine(const QStringList& arguments);
     void clearCommandLine();
 
-    // Options and what they govern, in CMainWindowOptions.cpp
+    // Log file, in CMainWindowLog.cpp
     void startLogging();
     void setFileLoggerEnabled(bool enabled);
+
+    // Options and what they govern, in CMainWindowOptions.cpp
     void fillOptionsDialog(COptionsDialog& dialog);
     [[nodiscard]] bool storeOptions(const thisapp::SAppOptions& options);
     void applyLanguage(std::uint32_t localeId);

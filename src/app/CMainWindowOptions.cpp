@@ -1,12 +1,10 @@
 #include "ui_CMainWindow.h"
 
 #include "app/CMainWindow.h"
-#include "app/FileLogger.h"
 #include "app/StartLanguage.h"
 #include "crypto/cipher/SettingCipher.h"
 #include "logger/Log.h"
 #include "settings/CAppSettings.h"
-#include "settings/DefaultHashAlgorithm.h"
 #include "settings/SettingsKeys.h"
 #include "text/AsciiText.h"
 #include "ui/CAboutDialog.h"
@@ -41,18 +39,6 @@ bool filterPassword(const char* key, const QVariant& value, QVariant* filtered, 
 }
 
 } // namespace
-
-void CMainWindow::startLogging()
-{
-    const CAppSettings store;
-    logger::getLogSender()->setLevel(logger::logLevelFromNumber(settings::LogLevel.read(store)));
-    setFileLoggerEnabled(settings::UseLogFile.read(store));
-}
-
-void CMainWindow::setFileLoggerEnabled(bool enabled)
-{
-    quillon::setFileLoggerEnabled(enabled, getLogFilePath().toStdString());
-}
 
 bool CMainWindow::decodeSettingValue(const char* key, const QVariant& stored, QVariant* plain) const
 {

@@ -8,7 +8,7 @@
 #include <QVariant>
 
 #include <algorithm>
-#include <initializer_list>
+#include <optional>
 #include <vector>
 
 namespace thisapp::settings {
@@ -84,3 +84,14 @@ inline const Setting<bool> IntegrateToShellContextMenu{QStringLiteral("Integrate
 inline const Setting<bool> AddToSendMenu{QStringLiteral("AddToSendMenu"), true};
 
 } // namespace thisapp::settings
+
+namespace thisapp {
+
+/// The stored default algorithm. Empty where the user wants none at the start or where a stored id is not in
+/// its table. Whether library and algorithm belong together is for the caller to ask its catalogue.
+[[nodiscard]] std::optional<SHashAlgId> readDefaultHashAlgorithm();
+
+/// Stores `id` as the default algorithm.
+void writeDefaultHashAlgorithm(const SHashAlgId& id);
+
+} // namespace thisapp

@@ -18,6 +18,7 @@ namespace logger = quillon::logger;
 
 namespace {
 
+constexpr std::int32_t kFontSize = 8;
 constexpr int kKeyColumnWidth = 150;
 constexpr int kDescriptionColumnWidth = 400;
 
@@ -46,6 +47,16 @@ COptionsDialog::COptionsDialog(QWidget* parent)
 COptionsDialog::~COptionsDialog()
 {
     closeJobs();
+}
+
+/// What the dialog shows where its owner sets nothing, which differs from the record's own defaults.
+thisapp::SAppOptions COptionsDialog::initialOptions()
+{
+    thisapp::SAppOptions options;
+    options.useDefaultAlg = false;
+    options.logLevel = static_cast<std::int32_t>(logger::ELogLevel::Off);
+    options.fontSize = kFontSize;
+    return options;
 }
 
 void COptionsDialog::createLists()
@@ -106,31 +117,31 @@ void COptionsDialog::fillAbout()
 void COptionsDialog::fillDefaultAlgorithm()
 {
     fillAlgorithmList(m_algProvider, m_defaultAlgs, true);
-    if (const int row = findAlgorithmRow(*m_defaultAlgs, m_defaultAlg); row >= 0)
+    if (const int row = findAlgorithmRow(*m_defaultAlgs, m_options.defaultAlg); row >= 0)
         m_ui->comboBoxDefaultAlg->setCurrentIndex(row);
 }
 
 void COptionsDialog::fillCheckBoxes()
 {
-    m_ui->checkBoxIntergaretToContextMenu->setChecked(m_shellContextMenu);
-    m_ui->checkBoxAddSendTo->setChecked(m_sendToLink);
-    m_ui->checkBoxSetDefaultAlg->setChecked(m_useDefaultAlg);
+    m_ui->checkBoxIntergaretToContextMenu->setChecked(m_options.shellContextMenu);
+    m_ui->checkBoxAddSendTo->setChecked(m_options.sendToLink);
+    m_ui->checkBoxSetDefaultAlg->setChecked(m_options.useDefaultAlg);
 }
 
 void COptionsDialog::fillAutocopy()
 {
-    if (m_whatCopy <= thisapp::kCopyNothing)
+    if (m_options.whatCopy <= thisapp::kCopyNothing)
         m_ui->radioButtonAutocopyNothing->setChecked(true);
-    else if (m_whatCopy == thisapp::kCopyHex)
+    else if (m_options.whatCopy == thisapp::kCopyHex)
         m_ui->radioButtonAutocopyHex->setChecked(true);
-    else if (m_whatCopy == thisapp::kCopyBase64)
+    else if (m_options.whatCopy == thisapp::kCopyBase64)
         m_ui->radioButtonAutocopyBase64->setChecked(true);
 }
 
 void COptionsDialog::fillLogging()
 {
-    selectRowByData(*m_ui->comboBoxLogLevel, m_logLevel);
-    m_ui->checkBoxUseLogFile->setChecked(m_useLogFile);
+    selectRowByData(*m_ui->comboBoxLogLevel, m_options.logLevel);
+    m_ui->checkBoxUseLogFile->setChecked(m_options.useLogFile);
     m_ui->lineEditLogFile->setText(m_logFilePath);
 }
 
@@ -154,22 +165,22 @@ void COptionsDialog::fillLanguages()
             i18n::findLocale(locale, entry.language, entry.country))
             combo.addItem(QString::fromStdString(entry.displayName), locale.id);
     }
-    selectRowByData(combo, m_localeId);
+    selectRowByData(combo, m_options.localeId);
 }
 
 void COptionsDialog::collectFromUi()
 {
-    m_shellContextMenu = m_ui->checkBoxIntergaretToContextMenu->isChecked();
-    m_sendToLink = m_ui->checkBoxAddSendTo->isChecked();
-    m_localeId = shownLocaleId();
-    m_defaultAlg = parseAlgorithmItemData(m_ui->comboBoxDefaultAlg->currentData(Qt::UserRole));
-    m_useDefaultAlg = m_ui->checkBoxSetDefaultAlg->isChecked();
-    m_whatCopy = chosenWhatCopy();
-    m_logLevel = static_cast<std::int32_t>(
+    m_options.shellContextMenu = m_ui->checkBoxIntergaretToContextMenu->isChecked();
+    m_options.sendToLink = m_ui->checkBoxAddSendTo->isChecked();
+    m_options.localeId = shownLocaleId();
+    m_options.defaultAlg = parseAlgorithmItemData(m_ui->comboBoxDefaultAlg->currentData(Qt::UserRole));
+    m_options.useDefaultAlg = m_ui->checkBoxSetDefaultAlg->isChecked();
+    m_options.whatCopy = chosenWhatCopy();
+    m_options.logLevel = static_cast<std::int32_t>(
         logger::logLevelFromNumber(m_ui->comboBoxLogLevel->currentData(Qt::UserRole).toInt()));
-    m_useLogFile = m_ui->checkBoxUseLogFile->isChecked();
-    m_proxySelectType = shownProxySelectType();
-    m_netProxy = typedProxy();
+    m_options.useLogFile = m_ui->checkBoxUseLogFile->isChecked();
+    m_options.proxySelectType = shownProxySelectType();
+    m_options.netProxy = typedProxy();
 }
 
 /// The default language where the combo box shows none of the catalogue.
@@ -185,12 +196,6 @@ std::int32_t COptionsDialog::chosenWhatCopy() const
     if (m_ui->radioButtonAutocopyHex->isChecked())
         return thisapp::kCopyHex;
     return m_ui->radioButtonAutocopyBase64->isChecked() ? thisapp::kCopyBase64 : thisapp::kCopyNothing;
-}
-
-thisapp::SAppOptions COptionsDialog::getAppOptions() const
-{
-    return {m_shellContextMenu, m_sendToLink, m_localeId, m_defaultAlg, m_useDefaultAlg, m_whatCopy,
-            m_logLevel,         m_useLogFile, m_fontName, m_fontSize,   m_netProxy,      m_proxySelectType};
 }
 
 void COptionsDialog::onUiApply()
@@ -213,7 +218,8 @@ void COptionsDialog::onUiOk()
 void COptionsDialog::onUiCancel()
 {
     i18n::internal::Locale<char> locale;
-    if (m_localeCallback != nullptr && shownLocaleId() != m_localeId && i18n::findLocale(locale, m_localeId))
+    if (m_localeCallback != nullptr && shownLocaleId() != m_options.localeId &&
+        i18n::findLocale(locale, m_options.localeId))
         m_localeCallback->onLocaleChanged(locale.languageCode, locale.countryCode,
                                           static_cast<long>(locale.id));
     close();

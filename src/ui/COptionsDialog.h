@@ -10,7 +10,6 @@
 #include "thread/Thread.h"
 #include "ui/AbandonableCall.h"
 #include "ui/AlgorithmList.h"
-#include "ui/IAppOptionsChanged.h"
 #include "ui/SAppOptions.h"
 #include "web/ConnectionCheck.h"
 #include "web/NetProxy.h"
@@ -60,19 +59,19 @@ public:
     void setTranslationList(const TranslationList* list) { m_translationList = list; }
     void setLocaleCallback(LocaleCallback* callback) { m_localeCallback = callback; }
 
-    void setShellContextMenu(bool isOn) { m_shellContextMenu = isOn; }
-    void setSendToLink(bool isOn) { m_sendToLink = isOn; }
-    void setLocaleId(std::uint32_t id) { m_localeId = id; }
-    void setDefaultAlg(const thisapp::SHashAlgId& id) { m_defaultAlg = id; }
-    void setUseDefaultAlg(bool isOn) { m_useDefaultAlg = isOn; }
-    void setWhatCopy(std::int32_t whatCopy) { m_whatCopy = whatCopy; }
-    void setLogLevel(std::int32_t level) { m_logLevel = level; }
-    void setUseLogFile(bool isOn) { m_useLogFile = isOn; }
-    void setFontName(const std::string& name) { m_fontName = name; }
-    void setFontSize(std::int32_t points) { m_fontSize = points; }
+    void setShellContextMenu(bool isOn) { m_options.shellContextMenu = isOn; }
+    void setSendToLink(bool isOn) { m_options.sendToLink = isOn; }
+    void setLocaleId(std::uint32_t id) { m_options.localeId = id; }
+    void setDefaultAlg(const thisapp::SHashAlgId& id) { m_options.defaultAlg = id; }
+    void setUseDefaultAlg(bool isOn) { m_options.useDefaultAlg = isOn; }
+    void setWhatCopy(std::int32_t whatCopy) { m_options.whatCopy = whatCopy; }
+    void setLogLevel(std::int32_t level) { m_options.logLevel = level; }
+    void setUseLogFile(bool isOn) { m_options.useLogFile = isOn; }
+    void setFontName(const std::string& name) { m_options.fontName = name; }
+    void setFontSize(std::int32_t points) { m_options.fontSize = points; }
     void setLogFilePath(const QString& path) { m_logFilePath = path; }
-    void setNetProxy(const ProxyRecord& proxy) { m_netProxy = proxy; }
-    void setProxySelectType(EProxySelectType type) { m_proxySelectType = type; }
+    void setNetProxy(const ProxyRecord& proxy) { m_options.netProxy = proxy; }
+    void setProxySelectType(EProxySelectType type) { m_options.proxySelectType = type; }
 
     /// What asks the system for its proxy; web::querySystemProxy until it is set. Called on a thread that may
     /// outlive the dialog.
@@ -85,21 +84,21 @@ public:
         m_check = std::move(check);
     }
 
-    [[nodiscard]] bool getShellContextMenu() const { return m_shellContextMenu; }
-    [[nodiscard]] bool getSendToLink() const { return m_sendToLink; }
-    [[nodiscard]] std::uint32_t getLocaleId() const { return m_localeId; }
-    [[nodiscard]] thisapp::SHashAlgId getDefaultAlg() const { return m_defaultAlg; }
-    [[nodiscard]] bool getUseDefaultAlg() const { return m_useDefaultAlg; }
-    [[nodiscard]] std::int32_t getWhatCopy() const { return m_whatCopy; }
-    [[nodiscard]] std::int32_t getLogLevel() const { return m_logLevel; }
-    [[nodiscard]] bool getUseLogFile() const { return m_useLogFile; }
-    [[nodiscard]] std::string getFontName() const { return m_fontName; }
-    [[nodiscard]] std::int32_t getFontSize() const { return m_fontSize; }
-    [[nodiscard]] ProxyRecord getNetProxy() const { return m_netProxy; }
-    [[nodiscard]] EProxySelectType getProxySelectType() const { return m_proxySelectType; }
+    [[nodiscard]] bool getShellContextMenu() const { return m_options.shellContextMenu; }
+    [[nodiscard]] bool getSendToLink() const { return m_options.sendToLink; }
+    [[nodiscard]] std::uint32_t getLocaleId() const { return m_options.localeId; }
+    [[nodiscard]] thisapp::SHashAlgId getDefaultAlg() const { return m_options.defaultAlg; }
+    [[nodiscard]] bool getUseDefaultAlg() const { return m_options.useDefaultAlg; }
+    [[nodiscard]] std::int32_t getWhatCopy() const { return m_options.whatCopy; }
+    [[nodiscard]] std::int32_t getLogLevel() const { return m_options.logLevel; }
+    [[nodiscard]] bool getUseLogFile() const { return m_options.useLogFile; }
+    [[nodiscard]] std::string getFontName() const { return m_options.fontName; }
+    [[nodiscard]] std::int32_t getFontSize() const { return m_options.fontSize; }
+    [[nodiscard]] ProxyRecord getNetProxy() const { return m_options.netProxy; }
+    [[nodiscard]] EProxySelectType getProxySelectType() const { return m_options.proxySelectType; }
 
     /// All of them in one record.
-    [[nodiscard]] thisapp::SAppOptions getAppOptions() const;
+    [[nodiscard]] const thisapp::SAppOptions& getAppOptions() const { return m_options; }
 
     /// Runs the job of the thread with this id.
     quillon::err::ResultCode run(std::uint32_t id, std::int64_t param) override;
@@ -137,6 +136,7 @@ private:
     using CheckCall = AbandonableCall<quillon::err::ResultCodes>;
 
     // Form, in COptionsDialog.cpp
+    [[nodiscard]] static thisapp::SAppOptions initialOptions();
     void createLists();
     void connectControls();
     void fillAbout();
@@ -170,19 +170,8 @@ private:
     thisapp::IAppOptionsChanged* m_optionsChanged = nullptr;
     const TranslationList* m_translationList = nullptr;
     LocaleCallback* m_localeCallback = nullptr;
-    bool m_shellContextMenu = true;
-    bool m_sendToLink = true;
-    std::uint32_t m_localeId = quillon::i18n::kDefaultLocaleId;
-    thisapp::SHashAlgId m_defaultAlg = quillon::crypto::kDefaultHashAlg;
-    bool m_useDefaultAlg = false;
-    std::int32_t m_whatCopy = thisapp::kCopyNothing;
-    std::int32_t m_logLevel = 0;
-    bool m_useLogFile = false;
-    std::string m_fontName = "Arial";
-    std::int32_t m_fontSize = 8;
+    thisapp::SAppOptions m_options = initialOptions();
     QString m_logFilePath;
-    ProxyRecord m_netProxy;
-    EProxySelectType m_proxySelectType = EProxySelectType::None;
     quillon::sync::SafeData<quillon::sync::Locker, SGetSystemProxySettings> m_systemProxy;
     quillon::sync::SafeData<quillon::sync::Locker, SCheckNetworkConnection> m_connectionCheck;
     SystemQuery m_systemQuery = quillon::web::querySystemProxy;

@@ -149,10 +149,10 @@ void COptionsDialog::runConnectionCheck()
 
 void COptionsDialog::fillProxy()
 {
-    m_ui->lineEditProxyAddress->setText(QString::fromStdString(m_netProxy.server));
-    m_ui->lineEditProxyPort->setText(QString::number(m_netProxy.port, kDecimal));
-    m_ui->lineEditProxyLogin->setText(QString::fromStdString(m_netProxy.login));
-    m_ui->lineEditProxyPassword->setText(QString::fromStdString(m_netProxy.password));
+    m_ui->lineEditProxyAddress->setText(QString::fromStdString(m_options.netProxy.server));
+    m_ui->lineEditProxyPort->setText(QString::number(m_options.netProxy.port, kDecimal));
+    m_ui->lineEditProxyLogin->setText(QString::fromStdString(m_options.netProxy.login));
+    m_ui->lineEditProxyPassword->setText(QString::fromStdString(m_options.netProxy.password));
     QComboBox& combo = *m_ui->comboBoxProxyConfigType;
     const auto addRow = [&combo](const QString& text, EProxySelectType type) {
         combo.addItem(text, static_cast<int>(type));
@@ -161,7 +161,7 @@ void COptionsDialog::fillProxy()
     addRow(tr("No proxy"), EProxySelectType::None);
     addRow(tr("Use system proxy settings"), EProxySelectType::System);
     addRow(tr("Manual proxy configuration"), EProxySelectType::Manual);
-    if (const int row = combo.findData(static_cast<int>(m_proxySelectType)); row >= 0)
+    if (const int row = combo.findData(static_cast<int>(m_options.proxySelectType)); row >= 0)
         combo.setCurrentIndex(row);
 }
 
@@ -169,7 +169,7 @@ void COptionsDialog::fillProxy()
 COptionsDialog::EProxySelectType COptionsDialog::shownProxySelectType() const
 {
     const QVariant shown = m_ui->comboBoxProxyConfigType->currentData(Qt::UserRole);
-    return shown.isValid() ? static_cast<EProxySelectType>(shown.toInt()) : m_proxySelectType;
+    return shown.isValid() ? static_cast<EProxySelectType>(shown.toInt()) : m_options.proxySelectType;
 }
 
 COptionsDialog::ProxyRecord COptionsDialog::typedProxy() const

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "app/CMainWindow.h"
+#include "support/QtWait.h"
 
 #include <QColor>
 #include <QDialog>
 #include <QStringList>
-#include <QTest>
 #include <QTimer>
 #include <QUrl>
 
@@ -14,14 +14,6 @@
 #include <ostream>
 
 namespace quillon::tests {
-
-/// Lets events happen until `condition` holds; false where it does not within the longest time a test waits.
-template <class Condition>
-[[nodiscard]] bool waitFor(Condition condition)
-{
-    constexpr int kLimitMs = 60'000;
-    return QTest::qWaitFor(condition, kLimitMs);
-}
 
 /// The status line as the user sees it.
 struct Status

@@ -1,97 +1,85 @@
-// What the options dialog does to the running program and to the next start. The program's translations lie
-// beside this test program.
+// What the options dialog does to the running program, to the settings and to the next start. The program's
+// translations lie beside this test program, and a helper library that writes down its calls.
 
 #include "app/MainWindowTest.h"
+#include "app/OptionsUser.h"
 #include "app/StartLanguage.h"
+#include "i18n/StrBundleTrMgr.h"
 #include "i18n_qt/MyTranslator.h"
 #include "logger/Log.h"
-#include "settings/SettingsKeys.h"
-#include "ui/COptionsDialog.h"
+#include "platform/qt/UserPlaces.h"
+#include "support/UrlDesktop.h"
+#include "vars/Product.h"
 
-#include <QAbstractButton>
 #include <QAction>
-#include <QComboBox>
 #include <QFile>
 #include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QTabWidget>
+#include <QLibrary>
+#include <QTableWidget>
 
+#include <filesystem>
+#include <fstream>
 #include <map>
 #include <random>
+#include <thread>
 
 namespace quillon::tests {
 namespace {
 
-namespace settings = thisapp::settings;
 using thisapp::SAppOptions;
 
 constexpr std::uint32_t kEnglish = 1033;
 constexpr std::uint32_t kGerman = 1031;
-constexpr std::uint32_t kRussian = 1049;
 
-/// The hands of the dialog's user.
-struct OptionsUser
+using Stored = std::map<std::string, std::string>;
+
+Stored allStored()
 {
-    explicit OptionsUser(QDialog& shown)
-        : dialog(shown)
-    {
+    constexpr int kShortestCipherText = 100;
+    Stored values;
+    const CAppSettings store;
+    for (const QString& key : store.allKeys()) {
+        const QString value = store.value(key).toString();
+        const bool isCipherText = key == "NetProxyPassword" && value.size() > kShortestCipherText;
+        values[key.toStdString()] = isCipherText ? "enciphered" : value.toStdString();
     }
-
-    template <class Widget>
-    Widget& reach(const char* name) const
-    {
-        auto* const widget = dialog.findChild<Widget*>(QString::fromLatin1(name));
-        auto* const tabs = dialog.findChild<QTabWidget*>("tabWidget");
-        for (int tab = 0; tab < tabs->count(); ++tab)
-            if (tabs->widget(tab)->isAncestorOf(widget))
-                tabs->setCurrentIndex(tab);
-        return *widget;
-    }
-
-    void click(const char* button) const
-    {
-        auto& widget = reach<QWidget>(button);
-        QTest::mouseClick(&widget, Qt::LeftButton, {}, {10, widget.height() / 2});
-    }
-
-    /// Selects the row of a combo box that begins with `text`, or writes it into a line edit.
-    void enter(const char* name, const QString& text) const
-    {
-        auto& widget = reach<QWidget>(name);
-        auto* const combo = qobject_cast<QComboBox*>(&widget);
-        if (auto* const edit = qobject_cast<QLineEdit*>(&widget)) {
-            edit->selectAll();
-            return typeInto(*edit, text);
-        }
-        // The last row without touching those between: the system's proxy would be asked for on the way.
-        const int row = combo->findText(text, Qt::MatchStartsWith);
-        QTest::keyClick(combo, row == combo->count() - 1 ? Qt::Key_End : Qt::Key_Home);
-        while (combo->currentIndex() < row)
-            QTest::keyClick(combo, Qt::Key_Down);
-    }
-
-    /// What the control shows, a check mark as "true".
-    QString shown(const char* name) const
-    {
-        const auto& widget = reach<QWidget>(name);
-        const auto* const button = qobject_cast<const QAbstractButton*>(&widget);
-        return button == nullptr
-                   ? widget.property(widget.inherits("QComboBox") ? "currentText" : "text").toString()
-                   : QVariant(button->isChecked()).toString();
-    }
-
-    QDialog& dialog;
-};
-
-QString shown(const MainWindowDriver& driver, const char* action)
-{
-    return driver.child<QAction>(action).text();
+    return values;
 }
 
-QVariant stored(const QString& key)
+/// Writes over `values` what `text` says, as in "Key=value;Key=value".
+void putInto(Stored& values, const QString& text)
 {
-    return CAppSettings().value(key);
+    for (const QString& pair : text.split(';'))
+        values[pair.section('=', 0, 0).toStdString()] = pair.section('=', 1).toStdString();
+}
+
+QByteArray bytesOf(const QString& name)
+{
+    QFile file(name);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QStringList rowsOf(const char* table)
+{
+    const QString text = bytesOf(QString(KESTRUM_TEST_DATA "/app/") + table);
+    return text.split('\n', Qt::SkipEmptyParts).filter(QRegularExpression("^[^#]"));
+}
+
+/// The functions of the helper library that were called since the last question.
+std::string takeHelperCalls()
+{
+    static QLibrary helper(QCoreApplication::applicationDirPath() + "/QxShellHelper");
+    std::wstring calls;
+    reinterpret_cast<void (*)(std::wstring&)>(helper.resolve("takeCalls"))(calls);
+    std::string names;
+    for (const QString& call : QString::fromStdWString(calls).split('\n', Qt::SkipEmptyParts))
+        names += call.section('|', 0, 0).toStdString() + ' ';
+    return names;
+}
+
+void logLine(const std::string& text)
+{
+    logger::log(logger::ELogLevel::Error, "test", [&text](auto& record) { record << text; });
 }
 
 /// On Unix; elsewhere always the same.
@@ -110,90 +98,99 @@ protected:
         QCoreApplication::installTranslator(&m_translator);
     }
 
-    static SAppOptions optionsOf(std::uint32_t localeId)
+    static SAppOptions optionsOf(std::uint32_t localeId, std::int32_t logLevel, bool useLogFile)
     {
         SAppOptions options;
         options.localeId = localeId;
-        options.logLevel = 0;
-        options.shellContextMenu = options.sendToLink = false;
+        options.logLevel = logLevel;
+        options.useLogFile = useLogFile;
         return options;
     }
 
-    static bool openOptions(MainWindowDriver& driver, const std::function<void(OptionsUser)>& use)
+    static std::string calculate(const MainWindowDriver& driver)
     {
-        const DialogAnswer answer([&use](QDialog& dialog) { use(OptionsUser(dialog)); });
+        return driver.child<QAction>("actionHash_Calculate").text().toStdString();
+    }
+
+    /// Opens the dialog, lets `use` do something in it and then clicks `button`.
+    static void useOptions(MainWindowDriver& driver, const char* button,
+                           const std::function<void(const OptionsUser&)>& use)
+    {
+        const DialogAnswer answer([&](QDialog& dialog) {
+            const OptionsUser user{dynamic_cast<COptionsDialog&>(dialog)};
+            use(user);
+            user.click(button);
+            if (dialog.isVisible()) // after Apply
+                user.click("buttonCancel");
+        });
         driver.clickToolButton("actionTools_Options");
-        return answer.isGiven();
+        ASSERT_TRUE(answer.isGiven());
     }
 
 private:
     MyTranslator m_translator;
 };
 
-using Stored = std::map<QString, QString>;
-
-Stored allStored()
+// What no control changes is stored as it was, each setting by itself.
+TEST_F(OptionsTest, ThatAreConfirmedOrAppliedAreStoredEachByItselfAndShownAgain)
 {
-    Stored values;
-    const CAppSettings store;
-    for (const QString& key : store.allKeys())
-        values[key] = store.value(key).toString();
-    return values;
+    QStringList rows = rowsOf("options.txt");
+    ASSERT_GT(rows.size(), 1);
+    const QString defaults = rows.takeFirst();
+    for (const QString& row : rows) {
+        for (const char* button : {"buttonOk", "buttonApply"}) {
+            SCOPED_TRACE(row.toStdString() + ' ' + button);
+            const QStringList cells = row.split('|');
+            const QByteArray control = cells.at(0).toLatin1();
+            Stored expected;
+            putInto(expected, defaults);
+            CAppSettings().clear();
+            CAppSettings().setValue("NetProxyType", 20); // has no control
+            if (control.startsWith("lineEdit")) {        // can be written in only in this mode
+                CAppSettings().setValue("NetProxySelectType", 2);
+                expected["NetProxySelectType"] = "2";
+            }
+            putInto(expected, cells.at(2));
+            loadStartLanguage();
+            {
+                MainWindowDriver driver;
+                useOptions(driver, button,
+                           [&](const OptionsUser& user) { user.enter(control, cells.at(1)); });
+            }
+            EXPECT_EQ(allStored(), expected);
+            loadStartLanguage();
+            MainWindowDriver next;
+            useOptions(next, "buttonCancel", [&](const OptionsUser& user) {
+                EXPECT_EQ(user.shown(control), cells.at(3).toStdString());
+            });
+        }
+    }
 }
 
-struct Change
+TEST_F(OptionsTest, OfBadSettingsShowTheirSubstitutesAndLeaveThemInTheStore)
 {
-    const char* control;
-    const char* input; ///< the row or the text; null for a click
-    Stored stored;     ///< what OK then stores otherwise than before
-};
-
-// What no control changes stays as OK has stored it before, each setting by itself.
-TEST_F(OptionsTest, ThatAreConfirmedAreStoredEachByItselfAndShownAgain)
-{
-    const Change changes[] = {
-        {"checkBoxIntergaretToContextMenu", nullptr, {{settings::IntegrateToShellContextMenu, "false"}}},
-        {"checkBoxAddSendTo", nullptr, {{settings::AddToSendMenu, "false"}}},
-        {"comboBoxLanguage", "Deutsch", {{settings::LocaleId, "1031"}}},
-        {"comboBoxDefaultAlg",
-         "Skein1024-1024",
-         {{settings::DefaultCryptoLibrary, "300"}, {settings::DefaultCryptoHashAlgorithm, "110"}}},
-        {"checkBoxSetDefaultAlg", nullptr, {{settings::UseDefaultAlgorithmAtStarting, "false"}}},
-        {"radioButtonAutocopyHex", nullptr, {{settings::WhatCopyToClipboard, "2"}}},
-        {"radioButtonAutocopyBase64", nullptr, {{settings::WhatCopyToClipboard, "4"}}},
-        {"comboBoxLogLevel", "WARNING", {{settings::LogLevel, "3"}}},
-        {"checkBoxUseLogFile", nullptr, {{settings::UseLogFile, "true"}}},
-        {"comboBoxProxyConfigType", "Manual", {{settings::NetProxySelectType, "2"}}},
-        {"lineEditProxyAddress", "proxy.example", {{settings::NetProxyServer, "proxy.example"}}},
-        {"lineEditProxyPort", "3128", {{settings::NetProxyPort, "3128"}}},
-        {"lineEditProxyLogin", "ada", {{settings::NetProxyLogin, "ada"}}},
-    };
-    for (const Change& change : changes) {
-        SCOPED_TRACE(change.control);
+    for (const QString& row : rowsOf("bad-options.txt")) {
+        SCOPED_TRACE(row.toStdString());
+        const QStringList cells = row.split('|');
         CAppSettings().clear();
-        // The fields of the proxy can be written in only in this mode.
-        CAppSettings().setValue(settings::NetProxySelectType,
-                                QByteArray(change.control).startsWith("lineEdit") ? 2 : 0);
+        CAppSettings().setValue(cells.at(0), cells.at(1));
         loadStartLanguage();
         MainWindowDriver driver;
-        ASSERT_TRUE(openOptions(driver, [](OptionsUser user) { user.click("buttonOk"); }));
-        Stored expected = allStored();
-        QString entered;
-        ASSERT_TRUE(openOptions(driver, [&](OptionsUser user) {
-            change.input == nullptr ? user.click(change.control) : user.enter(change.control, change.input);
-            entered = user.shown(change.control);
-            user.click("buttonOk");
-        }));
-        for (const auto& [key, value] : change.stored)
-            expected[key] = value;
-        EXPECT_EQ(allStored(), expected);
-        loadStartLanguage();
-        MainWindowDriver next;
-        EXPECT_TRUE(openOptions(next, [&](OptionsUser user) {
-            EXPECT_EQ(user.shown(change.control), entered);
-            user.click("buttonCancel");
-        }));
+        useOptions(driver, "buttonCancel", [&](const OptionsUser& user) {
+            EXPECT_EQ(user.shown(cells.at(2).toLatin1()), cells.at(3).toStdString());
+        });
+        EXPECT_EQ(allStored(), (Stored{{cells.at(0).toStdString(), cells.at(1).toStdString()}}));
     }
+}
+
+TEST_F(OptionsTest, KeepTheProxysModeWhereABadOneIsStored)
+{
+    MainWindowDriver driver;
+    driver.window().setProxySelectType(web::EProxySelectType::Manual);
+    CAppSettings().setValue("NetProxySelectType", 3);
+    useOptions(driver, "buttonCancel", [](const OptionsUser& user) {
+        EXPECT_EQ(user.shown("comboBoxProxyConfigType"), "Manual proxy configuration");
+    });
 }
 
 TEST_F(OptionsTest, ThatAreConfirmedGovernTheWindowAndTheNextStart)
@@ -201,88 +198,203 @@ TEST_F(OptionsTest, ThatAreConfirmedGovernTheWindowAndTheNextStart)
     const QString file = write("letters", "abc");
     {
         MainWindowDriver driver({file});
-        ASSERT_EQ(shown(driver, "actionHash_Calculate"), "Calculate");
-        ASSERT_TRUE(openOptions(driver, [](OptionsUser user) {
+        ASSERT_EQ(calculate(driver), "Calculate");
+        useOptions(driver, "buttonOk", [](const OptionsUser& user) {
             user.enter("comboBoxLanguage", "Deutsch");
             user.enter("comboBoxDefaultAlg", "MD5");
             user.enter("comboBoxLogLevel", "TRACE");
-            user.click("checkBoxUseLogFile");
+            user.enter("checkBoxUseLogFile", {});
             user.enter("comboBoxProxyConfigType", "Manual");
-            user.enter("lineEditProxyAddress", " proxy.example ");
             user.enter("lineEditProxyPassword", "ex:ample word");
-            user.click("buttonOk");
-        }));
-        EXPECT_EQ(shown(driver, "actionHash_Calculate"), "Berechnen");
+        });
+        EXPECT_EQ(calculate(driver), "Berechnen");
         EXPECT_TRUE(driver.details().startsWith("Dateigröße:")) << driver.details().toStdString();
         EXPECT_EQ(driver.window().windowTitle(), driver.window().getProductTitle());
         EXPECT_TRUE(driver.run());
         EXPECT_EQ(driver.hex(), "900150983CD24FB0D6963F7D28E17F72"); // RFC 1321, A.5
     }
-    EXPECT_EQ(stored(settings::NetProxyServer).toString(), "proxy.example") << "without its blanks";
-    EXPECT_GT(stored(settings::NetProxyPassword).toString().size(), 100);
-    for (const auto& [key, value] : allStored())
-        EXPECT_FALSE(value.contains("ex:ample")) << key.toStdString();
-
     MainWindowDriver next({file});
     EXPECT_TRUE(next.child<QComboBox>("comboBoxSelectAlg").currentText().startsWith("MD5"));
-    QFile log(next.window().getLogFilePath());
-    EXPECT_TRUE(waitFor([&log] { return log.exists() && log.size() > 0; }));
-    EXPECT_TRUE(openOptions(next, [](OptionsUser user) {
-        EXPECT_EQ(user.reach<QLineEdit>("lineEditProxyPassword").text(), "ex:ample word");
-        EXPECT_EQ(user.reach<QLabel>("labelLogLevel").text(), "Protokollstufe:");
-        user.click("buttonCancel");
-    }));
-    ASSERT_TRUE(log.open(QIODevice::ReadOnly));
-    EXPECT_FALSE(log.readAll().contains("ex:ample word"));
+    useOptions(next, "buttonCancel",
+               [](const OptionsUser& user) { EXPECT_EQ(user.shown("labelLogLevel"), "Protokollstufe:"); });
+    const QString log = next.window().getLogFilePath();
+    EXPECT_TRUE(waitFor([&log] { return bytesOf(log).contains("Start ..."); }));
+    EXPECT_FALSE(bytesOf(log).contains("ex:ample word"));
 }
 
 TEST_F(OptionsTest, ThatAreAppliedStayWhereTheDialogIsCancelledAfterwards)
 {
     MainWindowDriver driver;
-    ASSERT_TRUE(openOptions(driver, [](OptionsUser user) {
+    useOptions(driver, "buttonCancel", [](const OptionsUser& user) {
         user.enter("comboBoxLanguage", "Русский");
         user.click("buttonApply");
-        EXPECT_EQ(user.reach<QPushButton>("buttonCancel").text(), "Отмена");
+        EXPECT_EQ(user.shown("buttonCancel"), "Отмена");
         user.enter("comboBoxLanguage", "Deutsch");
         user.enter("comboBoxLogLevel", "TRACE");
-        user.click("buttonCancel");
-    }));
-    EXPECT_EQ(shown(driver, "actionHash_Calculate"), "Вычислить");
-    EXPECT_EQ(stored(settings::LocaleId).toUInt(), kRussian);
-    EXPECT_EQ(stored(settings::LogLevel).toInt(), 0);
+    });
+    EXPECT_EQ(calculate(driver), "Вычислить");
+    EXPECT_EQ(allStored()["LocaleId"], "1049");
+    EXPECT_EQ(allStored()["LogLevel"], "0");
 }
 
-TEST_F(OptionsTest, OfBadSettingsShowTheirSubstitutes)
+TEST_F(OptionsTest, ThatAreCancelledWithAnotherLanguageShownBringTheStoredOneIntoForce)
 {
-    {
-        CAppSettings store;
-        store.setValue(settings::LocaleId, 9999);
-        store.setValue(settings::DefaultCryptoLibrary, 1);
-        store.setValue(settings::DefaultCryptoHashAlgorithm, 105); // of the other library
-        store.setValue(settings::WhatCopyToClipboard, 3);
-        store.setValue(settings::LogLevel, 7);
-        store.setValue(settings::UseLogFile, "perhaps");
-        store.setValue(settings::NetProxyPort, "many");
-        store.setValue(settings::NetProxyPassword, " 0123456789abc ");
-        store.setValue(settings::NetProxySelectType, 3);
-    }
     MainWindowDriver driver;
-    EXPECT_TRUE(openOptions(driver, [](OptionsUser user) {
-        EXPECT_EQ(user.reach<QComboBox>("comboBoxLanguage").currentText(), "English");
-        EXPECT_TRUE(user.reach<QComboBox>("comboBoxDefaultAlg").currentText().startsWith("SHA-256"));
-        EXPECT_TRUE(user.reach<QAbstractButton>("radioButtonAutocopyNothing").isChecked());
-        EXPECT_EQ(user.reach<QComboBox>("comboBoxLogLevel").currentText(), "OFF");
-        EXPECT_EQ(user.reach<QLineEdit>("lineEditProxyPort").text(), "0");
-        EXPECT_EQ(user.reach<QLineEdit>("lineEditProxyPassword").text(), "0123456789abc");
-        EXPECT_EQ(user.reach<QComboBox>("comboBoxProxyConfigType").currentIndex(), 0);
-        user.click("buttonCancel");
-    }));
+    CAppSettings().setValue("LocaleId", kGerman); // by somebody else
+    useOptions(driver, "buttonCancel",
+               [](const OptionsUser& user) { user.enter("comboBoxLanguage", "Русский"); });
+    useOptions(driver, "buttonCancel", [](const OptionsUser& user) {
+        EXPECT_EQ(user.shown("labelLogLevel"), "Protokollstufe:");
+        EXPECT_EQ(user.shown("comboBoxLanguage"), "Deutsch");
+    });
 }
 
-TEST_F(OptionsTest, ChangeAThousandTimesInAnyOrderWhileRunsGoOnAndWindowsClose)
+TEST_F(OptionsTest, OfTheDesktopActAtTheStartAndWhereOneOfTheTwoChanges)
+{
+    const std::string removal = "remove remove remove remove ";
+    const std::string creation = "create ";
+    const std::pair<const char*, std::string> changes[]{
+        {"checkBoxUseLogFile", ""},
+        {"checkBoxAddSendTo", removal + creation},
+        {"checkBoxIntergaretToContextMenu", removal},
+    };
+    takeHelperCalls();
+    auto driver = std::make_unique<MainWindowDriver>();
+    EXPECT_EQ(takeHelperCalls(), removal + creation + "link ");
+    for (const auto& [control, calls] : changes) {
+        useOptions(*driver, "buttonOk", [box = control](const OptionsUser& user) { user.click(box); });
+        EXPECT_EQ(takeHelperCalls(), calls) << control;
+    }
+    driver->window().onAppOptionsChanged(optionsOf(kGerman, 0, false));
+    EXPECT_EQ(takeHelperCalls(), removal + creation + removal + creation) << "the entry's text, and its box";
+    const std::filesystem::path link =
+        platform::sendToLinkPath(vars::kProductName, vars::kProductGuid).toStdU16String();
+    std::filesystem::create_directories(link.parent_path());
+    std::ofstream(link).close();
+    CAppSettings().setValue("AddToSendMenu", false);
+    driver.reset();
+    driver = std::make_unique<MainWindowDriver>();
+    EXPECT_EQ(takeHelperCalls(), removal + creation);
+    EXPECT_FALSE(std::filesystem::exists(link));
+}
+
+struct Listener final : i18n::internal::ILocaleCallback<char>
+{
+    void onLocaleChanged(const std::string& language, const std::string& country, long value) override
+    {
+        heard += ", heard " + language + '-' + country + ' ' + std::to_string(value);
+    }
+    std::string heard;
+};
+
+TEST_F(OptionsTest, OfTheLanguageChangeWithItsTextsItsStoredIdAndItsListenersOrNotAtAll)
+{
+    const char* const english = "en-US, en-US, Calculate, none";
+    const char* const german = "de-DE, de-DE, Berechnen, 1031";
+    const struct
+    {
+        const char* language;
+        const char* country;
+        std::string state; ///< the locale in force, the loaded one, a text, the stored id and what was heard
+    } changes[] = {
+        {"EN", "us", english},
+        {"en", "", english},
+        {"xx", "", english},
+        {"de", "XX", english},
+        {"", "", english},
+        {"pt", "", "pt-PT, pt-PT, Calcular, 2070, heard pt-PT 7"},
+        {"pt", "BR", "pt-BR, pt-BR, Calculate, 1046, heard pt-BR 7"},
+        {"nl", "", "nl-BE, nl-BE, Calculate, 2067, heard nl-BE 7"}, // the catalogue's first country
+        {"DE", "", std::string(german) + ", heard DE-DE 7"},
+        {"pt", "", german}, // the list cannot be read any more
+        {"pt", "", german},
+    };
+    MainWindowDriver driver;
+    CMainWindow& window = driver.window();
+    const auto& texts = i18n::getStrBundleMgr();
+    const QString list = QCoreApplication::applicationDirPath() + "/languages/kestrum.langs.xml";
+    Listener listener;
+    static_cast<void>(window.addCallback(&window)); // would not end if it heard of its own changes
+    static_cast<void>(window.addCallback(&listener));
+    for (const auto& [language, country, expected] : changes) {
+        if (expected == german)
+            QFile::rename(list, list + ".away");
+        window.onLocaleChanged(language, country, 7);
+        i18n::internal::Locale<char> locale;
+        window.getLocale(locale);
+        EXPECT_EQ(locale.localeName + ", " + texts.getLanguage() + '-' + texts.getCountry() + ", " +
+                      window.getString("CMainWindow", "Calculate") + ", " +
+                      CAppSettings().value("LocaleId", "none").toString().toStdString() +
+                      std::exchange(listener.heard, {}),
+                  expected)
+            << language << '-' << country;
+    }
+    QFile::rename(list + ".away", list);
+}
+
+TEST_F(OptionsTest, AndTheLogLieInFoldersNamedAfterTheProduct)
+{
+    const MainWindowDriver driver;
+    const auto below = [](const char* names) {
+        return QDir::toNativeSeparators(platform::userDataFolder() + names);
+    };
+    EXPECT_EQ(CMainWindow::getCompanyDataPath(false), below("/Quillon.example"));
+    EXPECT_EQ(CMainWindow::getAppDataPath(21, 20, false), below("/Quillon.example/Kestrum"));
+    EXPECT_EQ(CMainWindow::getAppDataPath(20, 20, false), below("/Quillon.example/Kestrum/Kestrum"));
+    EXPECT_EQ(CMainWindow::getAppDataPath(0, 21, false), QString()) << "an unknown product";
+    EXPECT_TRUE(QDir(CMainWindow::getAppDataPath(0, 20, true)).exists());
+}
+
+TEST_F(OptionsTest, HaveNamedFieldsAndPagesThatFillOnce)
+{
+    MainWindowDriver driver;
+    useOptions(driver, "buttonCancel", [](const OptionsUser& user) {
+        QSet<const QWidget*> named;
+        for (const QLabel* label : user.dialog.findChildren<QLabel*>())
+            named.insert(label->buddy());
+        for (const char* kind : {"QComboBox", "QLineEdit", "QTableWidget"})
+            for (const auto* field : user.dialog.findChildren<QWidget*>())
+                EXPECT_TRUE(!field->inherits(kind) || named.contains(field) ||
+                            !field->accessibleName().isEmpty())
+                    << field->objectName().toStdString() << " has no name for screen readers";
+        EXPECT_FALSE(user.dialog.windowFlags().testFlag(Qt::WindowContextHelpButtonHint));
+        EXPECT_EQ(user.reach<QTableWidget>("tableWidgetShortcutKeys").currentRow(), 1);
+        EXPECT_FALSE(user.reach<QLabel>("labelAppIcon").pixmap(Qt::ReturnByValue).isNull());
+        EXPECT_EQ(user.shown("labelHomePage"), "Kestrum home page:");
+        EXPECT_EQ(user.shown("labelDonate"), "Donate to the Kestrum:");
+        EXPECT_NE(user.shown("lineEditLogFile").find("kestrum.log"), std::string::npos);
+        user.click("buttonApply");
+        QShowEvent shownAgain;
+        QCoreApplication::sendEvent(&user.dialog, &shownAgain);
+        EXPECT_EQ(user.shown("labelVersion"), "Kestrum") << "the form's own text, which Apply brings back";
+    });
+}
+
+TEST_F(OptionsTest, HaveLinksThatOpenTheirAddressesAndTheLogsFolderOnceThereIsOne)
+{
+    UrlDesktop desktop;
+    MainWindowDriver driver;
+    const QString logs = QFileInfo(driver.window().getLogFilePath()).absolutePath();
+    QDir(logs).removeRecursively();
+    const auto follow = [](const OptionsUser& user) {
+        for (const char* name : {"labelHomePageUrl", "labelEmailUrl", "labelDonateUrl", "labelViewLogFile"})
+            user.click(name);
+    };
+    useOptions(driver, "buttonCancel", follow);
+    QList<QUrl> expected{QUrl("https://kestrum.quillon.example/"),
+                         QUrl("mailto:support@quillon.example?subject=Kestrum"),
+                         QUrl("https://kestrum.quillon.example/donate")};
+    EXPECT_EQ(desktop.opened, expected);
+    driver.window().onAppOptionsChanged(optionsOf(kEnglish, 0, true));
+    useOptions(driver, "buttonCancel", follow);
+    EXPECT_EQ(desktop.opened.mid(3), expected << QUrl::fromLocalFile(logs));
+}
+
+TEST_F(OptionsTest, ChangeAThousandTimesInAnyOrderWhileRunsGoOnOthersLogAndWindowsClose)
 {
     constexpr int kChanges = 1000;
     constexpr int kChangesPerWindow = 50;
+    constexpr int kLines = 4;
     const QString file = write("blocks", blocksOfBytes(16));
     std::mt19937 random(20261123);
     const int threads = threadCount();
@@ -293,15 +405,16 @@ TEST_F(OptionsTest, ChangeAThousandTimesInAnyOrderWhileRunsGoOnAndWindowsClose)
     for (int change = 0; change < kChanges;) {
         MainWindowDriver driver({file});
         for (int step = 0; step < kChangesPerWindow; ++step, ++change) {
-            SAppOptions options = optionsOf(oneOf(kEnglish, kGerman, kEnglish, kEnglish));
-            options.logLevel = oneOf(0, 2, 5, 6);
-            options.useLogFile = oneOf(true, false);
+            const SAppOptions options = optionsOf(oneOf(kEnglish, kGerman, kEnglish, kEnglish),
+                                                  oneOf(0, 2, 5, 6), oneOf(true, false));
+            const std::jthread other([&driver] {
+                for (int line = 0; line < kLines; ++line)
+                    logLine(driver.window().getString("x", "Open"));
+            });
             driver.window().onAppOptionsChanged(options);
             driver.press(oneOf(Qt::Key_F5, Qt::Key_F8));
-            logger::log(logger::ELogLevel::Error, "test", [](auto& record) { record << "line"; });
             QCoreApplication::processEvents();
-            ASSERT_EQ(shown(driver, "actionHash_Calculate"),
-                      options.localeId == kGerman ? "Berechnen" : "Calculate");
+            ASSERT_EQ(calculate(driver), options.localeId == kGerman ? "Berechnen" : "Calculate");
         }
         driver.press(Qt::Key_F5);
         driver.window().close();
@@ -312,44 +425,53 @@ TEST_F(OptionsTest, ChangeAThousandTimesInAnyOrderWhileRunsGoOnAndWindowsClose)
 TEST_F(OptionsTest, OfFilesThatCannotBeReadAreTheDefaultsOfAUsableWindow)
 {
     const QString store = CAppSettings().fileName();
-    const std::pair<QByteArray, bool> files[] = {
-        {"", true},
-        {QByteArrayLiteral("[Gen\0eral\nLocaleId=\n=\n\xFF\xFE[[["), true},
-        {"LocaleId=1033", false}};
-    for (const auto& [bytes, isWritable] : files) {
+    for (const QByteArray& bytes : {QByteArray(), QByteArrayLiteral("[Gen\0eral\nLocaleId=\n=\n\xFF\xFE[[["),
+                                    QByteArray("LocaleId=1")}) {
         QFile file(store);
         ASSERT_TRUE(!store.endsWith(".conf") || file.open(QIODevice::WriteOnly));
         file.write(bytes);
         file.close();
-        QFile::setPermissions(store, isWritable ? QFile::ReadOwner | QFile::WriteOwner : QFile::ReadOwner);
         loadStartLanguage();
         MainWindowDriver driver({write("letters", "abc")});
         EXPECT_TRUE(driver.run());
         EXPECT_EQ(driver.hex(), sha256Hex("abc"));
-        EXPECT_EQ(shown(driver, "actionHash_Calculate"), "Calculate");
+        EXPECT_EQ(calculate(driver), "Calculate");
     }
-    QFile::remove(store);
 }
 
-TEST_F(OptionsTest, OfTheLogShowInItHowTheProgramStartsAndEnds)
+TEST_F(OptionsTest, OfTheLogHoldFromTheStartAndFromTheirChangeToTheWindowsEnd)
 {
-    CAppSettings().setValue(settings::LogLevel, 6);
-    CAppSettings().setValue(settings::UseLogFile, true);
-    MainWindowDriver driver({write("letters", "abc"), "-start"});
-    driver.window().close();
-    QFile log(driver.window().getLogFilePath());
-    QByteArray text;
-    ASSERT_TRUE(waitFor([&] {
-        log.close();
-        text = log.open(QIODevice::ReadOnly) ? log.readAll() : QByteArray();
-        return text.indexOf("Finish ...", text.lastIndexOf("File logger was started.")) >= 0;
-    })) << text.toStdString();
-    int place = text.lastIndexOf("File logger was started.");
-    for (const char* next : {"Start ...", "Try to process command line: ", "Finish ..."}) {
-        const int found = text.indexOf(next, place);
-        EXPECT_GT(found, place) << next;
-        place = found;
+    CAppSettings().setValue("LogLevel", 6);
+    CAppSettings().setValue("UseLogFile", true);
+    const QString log = CMainWindow::getAppDataPath(0, vars::kProductId, false) + "/kestrum.log";
+    QFile::remove(log);
+    {
+        MainWindowDriver driver({write("letters", "abc"), "-start"});
+        const auto say = [&driver](std::int32_t level, bool isOn, const char* text) {
+            driver.window().onAppOptionsChanged(optionsOf(kEnglish, level, isOn));
+            logLine(text);
+        };
+        say(2, true, "first");
+        say(0, true, "second");
+        say(2, true, "third");
+        EXPECT_TRUE(waitFor([&log] { return bytesOf(log).contains("third"); }));
+        say(2, false, "fourth");
+        say(6, true, "fifth");
+        driver.window().close();
+        EXPECT_TRUE(waitFor([&log] { return bytesOf(log).contains("Finish ..."); }));
+        const QByteArray text = bytesOf(log);
+        EXPECT_EQ(text.count("first"), 1);
+        EXPECT_FALSE(text.contains("second") || text.contains("fourth"));
+        int place = text.indexOf("File logger was started.");
+        for (const char* next :
+             {"Start ...", "Try to process command line: ", "third", "fifth", "Finish ..."}) {
+            const int found = text.indexOf(next, place);
+            EXPECT_GT(found, place) << next;
+            place = found;
+        }
     }
+    EXPECT_FALSE(logger::getLogSender()->isEnabled(logger::ELogLevel::Error));
+    EXPECT_FALSE(logger::getLogSender()->appenders().isAppenderEnabled(1));
 }
 
 } // namespace

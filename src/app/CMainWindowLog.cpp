@@ -1,9 +1,10 @@
-#include "app/FileLogger.h"
-
+#include "app/CMainWindow.h"
 #include "err/ResultCode.h"
 #include "logger/Log.h"
 #include "logger/LogAppenderUtf8File.h"
 #include "platform/Files.h"
+#include "settings/CAppSettings.h"
+#include "settings/SettingsKeys.h"
 
 #include <QFileInfo>
 #include <QString>
@@ -11,7 +12,10 @@
 #include <cstdint>
 #include <memory>
 
-namespace quillon {
+namespace err = quillon::err;
+namespace logger = quillon::logger;
+namespace settings = thisapp::settings;
+
 namespace {
 
 using logger::ELogLevel;
@@ -24,7 +28,7 @@ void createFolderOf(const std::string& path)
 {
     const QFileInfo file(QString::fromStdString(path));
     if (!path.empty() && !file.exists())
-        platform::createFolders(file.absolutePath().toStdString());
+        quillon::platform::createFolders(file.absolutePath().toStdString());
 }
 
 void logFailure(const char* what, const err::ResultCode& result)
@@ -55,16 +59,25 @@ void addFileLogger(logger::LogSender<char>& sender, const std::string& path)
 
 } // namespace
 
-void setFileLoggerEnabled(bool enabled, const std::string& path)
+void CMainWindow::startLogging()
+{
+    const CAppSettings store;
+    logger::getLogSender()->setLevel(logger::logLevelFromNumber(settings::LogLevel.read(store)));
+    setFileLoggerEnabled(settings::UseLogFile.read(store));
+}
+
+/// Switches the log file of the process on or off. On: lines go to it from here on; where it is on already,
+/// nothing changes. Off: every appender goes, the file is closed and what still waits is lost. A failure
+/// shows in the log only.
+void CMainWindow::setFileLoggerEnabled(bool enabled)
 {
     logger::LogSender<char>& sender = *logger::getLogSender();
     if (!enabled) {
         sender.appenders().removeAllAppenders();
         return;
     }
+    const std::string path = getLogFilePath().toStdString();
     createFolderOf(path);
     if (!sender.appenders().setAppenderEnabled(kFileAppenderId, true))
         addFileLogger(sender, path);
 }
-
-} // namespace quillon
