@@ -51,7 +51,7 @@ protected:
         return waitFor([&] { return std::regex_match(driver->status(), text); });
     }
 
-    Lines log{{}}; // with an empty line for a beginning
+    Lines log = Lines(1); // with an empty line for a beginning
     const std::string bytes = blocksOfBytes(kBlocks);
     const std::string done = sha256Result(bytes);
     const std::string cancelled = errorResult("Hash calculation was canceled");
