@@ -248,9 +248,7 @@ void CMainWindow::processCommandLine(const QStringList& arguments)
     if (asked.file.isEmpty())
         return;
     m_ui->lineEditInput->setText(asked.file);
-    updateInputFileDetails();
-    if (isInputFileChanged())
-        dropFormerResult();
+    onUiInputFileNameChanged();
     if (asked.start)
         onUiStartHashCalculation();
 }

@@ -156,7 +156,7 @@ private:
     [[nodiscard]] bool prepareCalculator(const thisapp::SHashAlgId& id);
     void startWorker(const QString& fileName);
     void showStopped();
-    void showFailure(const quillon::crypto::HashResult& result);
+    void showFailure(const char* reason, const quillon::crypto::HashResult& result);
     void showDigest();
     void showDigestTexts(const std::vector<char>& digest);
     void copyDigestAsConfigured();

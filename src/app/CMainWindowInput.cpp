@@ -16,9 +16,7 @@ void CMainWindow::onFilesDropped(std::int32_t id, const QList<QUrl>& urls)
     if ((id != kDropTargetFrame && id != kDropTargetEdit) || urls.isEmpty())
         return;
     m_ui->lineEditInput->setText(QFileInfo(urls.front().toLocalFile()).absoluteFilePath());
-    updateInputFileDetails();
-    if (isInputFileChanged())
-        dropFormerResult();
+    onUiInputFileNameChanged();
 }
 
 void CMainWindow::onUiInputFileNameChanged()

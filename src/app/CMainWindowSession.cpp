@@ -41,13 +41,6 @@ QString errorSentence(const QString& defaultText, err::ResultCode first, err::Re
         err::formatError(thisapp::CErrMsg(), defaultText.toStdString(), first, second));
 }
 
-void logHashError(const char* text, const crypto::HashResult& result)
-{
-    logger::log(logger::ELogLevel::Error, "mainwindow", [&](auto& record) {
-        record << text << err::errorCodesText(result.primary, result.secondary);
-    });
-}
-
 void copyToClipboard(const QString& text)
 {
     QClipboard* clipboard = QGuiApplication::clipboard();
@@ -231,7 +224,7 @@ void CMainWindow::onUiHashCalculationFinished()
     if (session.stopped)
         showStopped();
     else if (!crypto::succeeded(session.result))
-        showFailure(session.result);
+        showFailure("Failed to calculate hash.", session.result);
     else
         showDigest();
     updateResultCaption();
@@ -244,9 +237,12 @@ void CMainWindow::showStopped()
     showErrorMessage(tr("Hash calculation was canceled"));
 }
 
-void CMainWindow::showFailure(const crypto::HashResult& result)
+/// `reason` is for the log.
+void CMainWindow::showFailure(const char* reason, const crypto::HashResult& result)
 {
-    logHashError("Failed to calculate hash. Error: ", result);
+    logger::log(logger::ELogLevel::Error, "mainwindow", [&](auto& record) {
+        record << reason << " Error: " << err::errorCodesText(result.primary, result.secondary);
+    });
     clearHashResults();
     showErrorMessage(errorSentence(tr("Failed to calculate hash."), result.primary, result.secondary));
 }
@@ -262,9 +258,7 @@ void CMainWindow::showDigest()
         digest.resize(digestBytes);
     }
     if (!crypto::succeeded(result)) {
-        logHashError("Failed to get calculated hash. Error: ", result);
-        clearHashResults();
-        showErrorMessage(errorSentence(tr("Failed to calculate hash."), result.primary, result.secondary));
+        showFailure("Failed to get calculated hash.", result);
         return;
     }
     showDigestTexts(digest);

@@ -12,15 +12,15 @@ class CMsgDispatcher final : public QObject
     Q_OBJECT
 
 public:
-    explicit CMsgDispatcher(QObject* parent);
+    using QObject::QObject;
 
     /// After this nothing is emitted any more.
-    ~CMsgDispatcher() override;
+    ~CMsgDispatcher() override { m_closing.set(true); }
 
     /// Each emits its signal; any thread.
-    void hashCalculationStarted();
-    void hashCalculationFinished();
-    void hashCalculationProgress();
+    void hashCalculationStarted() { tell(&CMsgDispatcher::notifyHashCalculationStarted); }
+    void hashCalculationFinished() { tell(&CMsgDispatcher::notifyHashCalculationFinished); }
+    void hashCalculationProgress() { tell(&CMsgDispatcher::notifyHashCalculationProgress); }
 
 signals:
     void notifyHashCalculationStarted();
@@ -28,5 +28,11 @@ signals:
     void notifyHashCalculationProgress();
 
 private:
+    void tell(void (CMsgDispatcher::*signal)())
+    {
+        if (!m_closing.get())
+            emit(this->*signal)();
+    }
+
     quillon::sync::SafeValue<bool> m_closing{false};
 };

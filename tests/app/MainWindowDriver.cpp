@@ -1,91 +1,37 @@
 #include "app/MainWindowDriver.h"
 
-#include <QAbstractItemView>
+#include "app/CMsgDispatcher.h"
+
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
+#include <QCryptographicHash>
 #include <QDropEvent>
-#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
-#include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QTextEdit>
 #include <QToolBar>
 #include <QWindow>
 
 namespace quillon::tests {
 
-std::ostream& operator<<(std::ostream& stream, const Status& status)
-{
-    return stream << '"' << status.text.toStdString() << "\" in " << status.colour.name().toStdString()
-                  << (status.isBarShown ? " over the bar" : " without the bar");
-}
-
-Status errorStatus(const QString& text)
-{
-    return {text, QColor(255, 0, 0), false};
-}
-
-Status successStatus()
-{
-    return {"Hash was calculated successfully", QColor(0, 95, 0), false};
-}
-
-Status noStatus()
-{
-    return {};
-}
-
-void typeInto(QWidget& widget, const QString& text)
-{
-    for (const QChar character : text)
-        QTest::sendKeyEvent(QTest::Click, &widget, Qt::Key_unknown, QString(character), Qt::NoModifier);
-}
-
-/// Counts the ends of runs: at an end, and only there, the edit field becomes enabled.
-class MainWindowDriver::EndWatch final : public QObject
-{
-public:
-    explicit EndWatch(QWidget& edit)
-        : m_edit(edit)
-    {
-        edit.installEventFilter(this);
-    }
-
-    [[nodiscard]] int count() const { return m_count; }
-
-protected:
-    bool eventFilter(QObject* /*watched*/, QEvent* event) override
-    {
-        m_count += event->type() == QEvent::EnabledChange && m_edit.isEnabled() ? 1 : 0;
-        return false;
-    }
-
-private:
-    QWidget& m_edit;
-    int m_count = 0;
-};
-
 MainWindowDriver::MainWindowDriver(const QStringList& arguments)
-    : m_window(std::make_unique<CMainWindow>())
 {
-    m_ends = std::make_unique<EndWatch>(child<QLineEdit>("lineEditInput"));
-    m_window->setCommandLine(arguments);
-    m_window->show();
+    QObject::connect(m_window.findChild<CMsgDispatcher*>(), &CMsgDispatcher::notifyHashCalculationFinished,
+                     &m_window, [this] { ++m_runsEnded; });
+    m_window.setCommandLine(arguments);
+    m_window.show();
     activate();
 }
-
-MainWindowDriver::~MainWindowDriver() = default;
 
 void MainWindowDriver::press(Qt::Key key, Qt::KeyboardModifiers modifiers)
 {
     activate();
     // To the window, as the system sends it: what it means is for Qt to find out.
-    QTest::keyClick(m_window->windowHandle(), key, modifiers);
+    QTest::keyClick(m_window.windowHandle(), key, modifiers);
 }
 
 void MainWindowDriver::type(const QString& text)
@@ -108,27 +54,26 @@ void MainWindowDriver::clickToolButton(const char* action)
     QTest::mouseClick(bar.widgetForAction(&child<QAction>(action)), Qt::LeftButton);
 }
 
-void MainWindowDriver::chooseFromMenu(const char* menu, const char* action)
+void MainWindowDriver::chooseFromMenu(const char* action)
 {
     auto& bar = child<QMenuBar>("menuBar");
-    auto& popup = child<QMenu>(menu);
-    QTest::mouseClick(&bar, Qt::LeftButton, {}, bar.actionGeometry(popup.menuAction()).center());
-    QTest::mouseClick(&popup, Qt::LeftButton, {}, popup.actionGeometry(&child<QAction>(action)).center());
+    auto& chosen = child<QAction>(action);
+    for (QMenu* menu : bar.findChildren<QMenu*>()) {
+        if (menu->actions().contains(&chosen)) {
+            QTest::mouseClick(&bar, Qt::LeftButton, {}, bar.actionGeometry(menu->menuAction()).center());
+            QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(&chosen).center());
+        }
+    }
 }
 
-bool MainWindowDriver::drop(const char* widget, const QList<QUrl>& urls)
+void MainWindowDriver::drop(const char* widget, const QList<QUrl>& urls)
 {
-    auto& target = child<QWidget>(widget);
     QMimeData data;
     data.setUrls(urls);
-    data.setText("text of the drop");
     QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(&target, &enter);
-    if (!enter.isAccepted())
-        return false;
+    QApplication::sendEvent(&child<QWidget>(widget), &enter);
     QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(&target, &drop);
-    return true;
+    QApplication::sendEvent(&child<QWidget>(widget), &drop);
 }
 
 void MainWindowDriver::selectAlgorithm(const QString& row)
@@ -142,102 +87,84 @@ void MainWindowDriver::selectAlgorithm(const QString& row)
 // Without a window manager nobody gives the keyboard back when a dialog or a menu has gone.
 void MainWindowDriver::activate()
 {
-    if (!m_window->isActiveWindow())
-        m_window->activateWindow();
-    if (!QTest::qWaitForWindowActive(m_window.get()))
+    if (!m_window.isActiveWindow())
+        m_window.activateWindow();
+    if (!QTest::qWaitForWindowActive(&m_window))
         qFatal("The window did not become active");
 }
 
 bool MainWindowDriver::run()
 {
-    const int former = runsEnded();
-    return start() && waitForEnd(former + 1);
-}
-
-bool MainWindowDriver::start()
-{
-    // The thread of a run may still be on its way out when the run's end is told, and a start is refused so
-    // long.
-    return waitFor([this] {
-        press(Qt::Key_F5);
-        return status().text != "Hash calculation already running.";
-    });
-}
-
-bool MainWindowDriver::waitForStart()
-{
-    return waitFor([this] { return !child<QLineEdit>("lineEditInput").isEnabled(); });
+    const int former = m_runsEnded;
+    press(Qt::Key_F5);
+    return waitForEnd(former + 1);
 }
 
 bool MainWindowDriver::waitForEnd(int count)
 {
-    return waitFor([this, count] { return runsEnded() >= count; });
+    return waitFor([this, count] { return m_runsEnded >= count; });
 }
 
-Status MainWindowDriver::status() const
+QString MainWindowDriver::shown(const char* widget) const
 {
-    const auto& frame = child<QWidget>("CProgressBarFrame");
+    const auto& shown = child<QWidget>(widget);
+    for (const char* property : {"plainText", "currentText", "text"})
+        if (shown.property(property).isValid())
+            return shown.property(property).toString();
+    return {};
+}
+
+std::string MainWindowDriver::status() const
+{
     const auto& line = child<QLineEdit>("lineEditProgressBar");
-    if (!frame.isVisible())
+    const auto& bar = child<QProgressBar>("progressBar");
+    if (!line.isVisible())
         return {};
-    return {line.text(), line.palette().color(QPalette::Text),
-            child<QProgressBar>("progressBar").isVisible()};
+    const QString text = line.palette().color(QPalette::Text).name() + ' ' + line.text();
+    return (bar.isVisible() ? text + QString(" [%1]").arg(bar.value()) : text).toStdString();
 }
 
-QString MainWindowDriver::input() const
+std::string MainWindowDriver::result() const
 {
-    return child<QLineEdit>("lineEditInput").text();
+    QStringList lines{QString::fromStdString(status()), hex(), shown("plainTextEditHashBase64")};
+    for (const QObject* object : m_window.findChildren<QObject*>())
+        if (object->property("enabled").toString() == "false")
+            lines += object->objectName();
+    lines.removeAll({});
+    return lines.join('\n').toStdString();
 }
 
-QString MainWindowDriver::details() const
+std::string errorResult(const std::string& text)
 {
-    return child<QTextEdit>("textEditInputFileDetails").toPlainText();
+    return "#ff0000 " + text;
 }
 
-QString MainWindowDriver::caption() const
+std::string sha256Result(const std::string& bytes)
 {
-    return child<QLabel>("labelResultCaption").text();
-}
-
-QString MainWindowDriver::hex() const
-{
-    return child<QPlainTextEdit>("plainTextEditHashHex").toPlainText();
-}
-
-QString MainWindowDriver::base64() const
-{
-    return child<QPlainTextEdit>("plainTextEditHashBase64").toPlainText();
-}
-
-QStringList MainWindowDriver::disabled() const
-{
-    QStringList names;
-    for (const QObject* object : m_window->findChildren<QObject*>()) {
-        const QVariant enabled = object->property("enabled");
-        if (enabled.isValid() && !enabled.toBool() && !object->objectName().isEmpty())
-            names += object->objectName();
-    }
-    names.sort();
-    return names;
-}
-
-int MainWindowDriver::runsEnded() const
-{
-    return m_ends->count();
+    const QByteArray digest =
+        QCryptographicHash::hash(QByteArray::fromStdString(bytes), QCryptographicHash::Sha256);
+    return "#005f00 Hash was calculated successfully\n" + digest.toHex().toUpper().toStdString() + '\n' +
+           digest.toBase64().toStdString();
 }
 
 DialogAnswer::DialogAnswer(std::function<void(QDialog&)> answer)
 {
     constexpr int kLookAgainMs = 5;
-    QObject::connect(&m_timer, &QTimer::timeout, [this, answer = std::move(answer), given = m_isGiven] {
+    QObject::connect(&m_timer, &QTimer::timeout, [this, answer = std::move(answer)] {
         auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
         if (dialog == nullptr || !dialog->isActiveWindow())
             return;
         m_timer.stop();
-        *given = true;
+        m_isGiven = true;
         answer(*dialog);
     });
     m_timer.start(kLookAgainMs);
+}
+
+void typeInto(QWidget& widget, const QString& text)
+{
+    for (const QChar character : text)
+        QTest::sendKeyEvent(QTest::Click, &widget, Qt::Key_unknown, QString(character), Qt::NoModifier);
 }
 
 } // namespace quillon::tests

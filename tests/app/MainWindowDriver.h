@@ -3,93 +3,84 @@
 #include "app/CMainWindow.h"
 #include "support/QtWait.h"
 
-#include <QColor>
 #include <QDialog>
 #include <QStringList>
 #include <QTimer>
 #include <QUrl>
 
 #include <functional>
-#include <memory>
 #include <ostream>
+#include <string>
+
+/// Lets a failed expectation show a text instead of its bytes.
+inline void PrintTo(const QString& text, std::ostream* stream)
+{
+    *stream << '"' << text.toStdString() << '"';
+}
 
 namespace quillon::tests {
 
-/// The status line as the user sees it.
-struct Status
-{
-    QString text;
-    QColor colour;
-    bool isBarShown = false;
-
-    friend bool operator==(const Status&, const Status&) = default;
-    friend std::ostream& operator<<(std::ostream& stream, const Status& status);
-};
-
-[[nodiscard]] Status errorStatus(const QString& text);
-[[nodiscard]] Status successStatus();
-[[nodiscard]] Status noStatus(); ///< the line is hidden
-
-/// The program's window with somebody at the keyboard and the mouse.
+/// The program's window with somebody at the keyboard and the mouse. Widgets and actions go by their object
+/// names.
 class MainWindowDriver
 {
 public:
     /// Shows a window that was started with `arguments`, and waits until it has the keyboard.
     explicit MainWindowDriver(const QStringList& arguments = {});
 
-    /// Closes the window as the program's end does, waiting for a run that goes on.
-    ~MainWindowDriver();
-    MainWindowDriver(const MainWindowDriver&) = delete;
-    MainWindowDriver& operator=(const MainWindowDriver&) = delete;
-
     // What the user does
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
-    void type(const QString& text);                            ///< in place of the edit field's text
-    void click(const char* button);                            ///< a button, by its object name
-    void clickToolButton(const char* action);                  ///< by the action's object name
-    void chooseFromMenu(const char* menu, const char* action); ///< by both object names
-    bool drop(const char* widget, const QList<QUrl>& urls);    ///< whether the widget took it
-    void selectAlgorithm(const QString& row);                  ///< in the combo box
-
-    /// Starts a run with F5, where one has just ended as soon as the window takes it.
-    [[nodiscard]] bool start();
+    void type(const QString& text); ///< in place of the edit field's text
+    void click(const char* button);
+    void clickToolButton(const char* action);
+    void chooseFromMenu(const char* action);
+    void drop(const char* widget, const QList<QUrl>& urls);
+    void selectAlgorithm(const QString& row); ///< in the combo box
 
     /// Presses F5 and waits for the end of the run.
     [[nodiscard]] bool run();
-    [[nodiscard]] bool waitForStart();
 
     /// Waits until `count` runs have ended since the window was made.
     [[nodiscard]] bool waitForEnd(int count = 1);
 
     // What the user sees
-    [[nodiscard]] Status status() const;
-    [[nodiscard]] QString input() const;
-    [[nodiscard]] QString details() const;
-    [[nodiscard]] QString caption() const;
-    [[nodiscard]] QString hex() const;
-    [[nodiscard]] QString base64() const;
-    [[nodiscard]] QStringList disabled() const; ///< the names of the disabled widgets and actions, sorted
-    [[nodiscard]] int runsEnded() const;
+    [[nodiscard]] QString input() const { return shown("lineEditInput"); }
+    [[nodiscard]] QString details() const { return shown("textEditInputFileDetails"); }
+    [[nodiscard]] QString algorithm() const { return shown("comboBoxSelectAlg"); }
+    [[nodiscard]] QString caption() const { return shown("labelResultCaption"); }
+    [[nodiscard]] QString hex() const { return shown("plainTextEditHashHex"); }
+
+    /// The colour of the status line, its text and, in brackets, where the bar stands; empty where it is
+    /// hidden.
+    [[nodiscard]] std::string status() const;
+
+    /// What there is of status, digest in both forms and names of disabled widgets and actions, line by line.
+    [[nodiscard]] std::string result() const;
+
+    [[nodiscard]] int runsEnded() const { return m_runsEnded; }
 
     template <class Object>
     [[nodiscard]] Object& child(const char* name) const
     {
-        auto* const found = m_window->findChild<Object*>(name);
+        auto* const found = m_window.findChild<Object*>(name);
         if (found == nullptr)
             qFatal("The window has no %s", name);
         return *found;
     }
 
-    [[nodiscard]] CMainWindow& window() { return *m_window; }
+    [[nodiscard]] CMainWindow& window() { return m_window; }
 
 private:
-    class EndWatch;
-
     void activate();
+    [[nodiscard]] QString shown(const char* widget) const;
 
-    std::unique_ptr<CMainWindow> m_window;
-    std::unique_ptr<EndWatch> m_ends;
+    int m_runsEnded = 0;
+    CMainWindow m_window;
 };
+
+/// What the result is then.
+[[nodiscard]] std::string errorResult(const std::string& text);
+[[nodiscard]] std::string sha256Result(const std::string& bytes); ///< by Qt's implementation
 
 /// Does `answer` to the next modal dialog, as soon as it is there and has the keyboard.
 class DialogAnswer
@@ -98,10 +89,10 @@ public:
     explicit DialogAnswer(std::function<void(QDialog&)> answer);
 
     /// Whether a dialog came.
-    [[nodiscard]] bool isGiven() const { return *m_isGiven; }
+    [[nodiscard]] bool isGiven() const { return m_isGiven; }
 
 private:
-    std::shared_ptr<bool> m_isGiven = std::make_shared<bool>(false);
+    bool m_isGiven = false;
     QTimer m_timer;
 };
 

@@ -2,17 +2,12 @@
 
 #include "app/MainWindowDriver.h"
 #include "settings/CAppSettings.h"
+#include "support/Bytes.h"
 #include "support/TempFolder.h"
 
-#include <QCryptographicHash>
 #include <QDir>
-#include <QString>
 
 #include <gtest/gtest.h>
-
-#include <filesystem>
-#include <string>
-#include <string_view>
 
 namespace quillon::tests {
 
@@ -39,21 +34,16 @@ protected:
     TempFolder folder;
 };
 
-/// The digest as the window must show it, by Qt's implementation.
+/// The digest as the window must show it.
 inline QString sha256Hex(const std::string& bytes)
 {
-    const QByteArray data = QByteArray::fromStdString(bytes);
-    return QString::fromLatin1(QCryptographicHash::hash(data, QCryptographicHash::Sha256).toHex().toUpper());
+    return QString::fromStdString(sha256Result(bytes)).section('\n', 1, 1);
 }
 
 /// As many bytes as the program reads in `blocks` reads.
 inline std::string blocksOfBytes(unsigned blocks)
 {
-    constexpr std::size_t kReadBytes = 32768;
-    std::string bytes(blocks * kReadBytes, '\0');
-    for (std::size_t i = 0; i < bytes.size(); ++i)
-        bytes[i] = static_cast<char>(i * 7 + i / 251);
-    return bytes;
+    return patternBytes(blocks * std::size_t{32768});
 }
 
 } // namespace quillon::tests
