@@ -1,7 +1,7 @@
 #include "i18n/TranslationListLoaderXml.h"
 
 #include "err/ResultCode.h"
-#include "file/Utf8FileReader.h"
+#include "file/TextFileReader.h"
 #include "file/Words.h"
 #include "text/AsciiText.h"
 #include "text/Unicode.h"
