@@ -121,4 +121,9 @@ std::string utf8FromWide(std::wstring_view wide)
     return utf8;
 }
 
+bool isUtf8(std::string_view text)
+{
+    return utf8FromWide(wideFromUtf8(text)) == text;
+}
+
 } // namespace quillon::text

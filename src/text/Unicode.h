@@ -12,4 +12,7 @@ namespace quillon::text {
 /// The UTF-8 form of wide text. A lone surrogate or a value above U+10FFFF becomes U+FFFD. Never fails.
 [[nodiscard]] std::string utf8FromWide(std::wstring_view wide);
 
+/// Whether all of `text` is well-formed UTF-8.
+[[nodiscard]] bool isUtf8(std::string_view text);
+
 } // namespace quillon::text
