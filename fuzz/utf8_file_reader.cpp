@@ -1,6 +1,6 @@
 #include "FuzzInput.h"
 
-#include "file/Utf8FileReader.h"
+#include "file/TextFileReader.h"
 #include "io/ByteOrderMark.h"
 
 using namespace quillon;

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "callback/CallbackHolder.h"
-#include "i18n/IStrBundle.h"
 #include "i18n/Locale.h"
+#include "i18n/StrBundleTrMgr.h"
 #include "i18n/Translation.h"
 #include "sync/Locker.h"
 #include "sync/SafeData.h"

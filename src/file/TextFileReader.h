@@ -1,11 +1,57 @@
 #pragma once
 
+#include "err/ResultCode.h"
 #include "file/FileBytes.h"
-#include "file/ITextFileReader.h"
+#include "io/ByteOrderMark.h"
 
 #include <string>
 
-namespace quillon::file::internal {
+namespace quillon::file {
+
+/// Reads a text file whole or line by line and hands out UTF-8. A reader is closed or open and serves one
+/// caller.
+template <class Char>
+class ITextFileReader
+{
+public:
+    using Text = std::basic_string<Char>;
+
+    virtual ~ITextFileReader() = default;
+
+    /// Opens the file with the UTF-8 name `path` and stands behind its byte order mark. `encoding` is the
+    /// number of an EBomKind and counts only where the file has no mark. {5, 54} where the reader is open
+    /// already, {5, 40} for an empty path, {5, 41} where there is no such file or it is a folder, {5, 204}
+    /// where seeking fails, and what the reader gives where the file cannot be opened. A refusal is not kept
+    /// as the last error.
+    virtual err::ResultCode open(const Text& path, int encoding) = 0;
+
+    /// Forgets name, mark, encoding and last error too.
+    virtual void close() = 0;
+
+    [[nodiscard]] virtual bool isOpen() const = 0;
+    [[nodiscard]] virtual Text getFileName() const = 0;
+    [[nodiscard]] virtual io::EBomKind getBomKind() const = 0;
+    [[nodiscard]] virtual int getEncoding() const = 0;
+
+    /// The failure of the last `readAll` or `readLine`: {5, 104} where the reader was not open, {5, 45} where
+    /// reading failed, {5, 204} where seeking failed.
+    [[nodiscard]] virtual err::ResultCode getLastError() const = 0;
+
+    /// The whole text behind the mark, wherever the reader stood; afterwards it stands at the end. What came
+    /// before a failing read is handed out.
+    [[nodiscard]] virtual Text readAll() = 0;
+
+    /// Takes the text up to the next line feed, which is not stored, or to the end of the file; a carriage
+    /// return stays. False, and `line` untouched, where the end was met by a call before: so a file that ends
+    /// with a line feed has one more, empty line. A failing read ends the file.
+    virtual bool readLine(Text& line) = 0;
+
+    /// Goes back to the byte behind the mark. {5, 104} where the reader is not open, {5, 204} where seeking
+    /// fails.
+    virtual err::ResultCode rewind() = 0;
+};
+
+namespace internal {
 
 template <class Char>
 class TextFileReader;
@@ -47,4 +93,34 @@ private:
     err::ResultCode m_lastError;
 };
 
-} // namespace quillon::file::internal
+} // namespace internal
+
+/// A reader of UTF-8 files that hands out the bytes as they are, well-formed or not. Opening a second file
+/// forgets the mark of the first even though it is refused.
+class Utf8FileReader final : public ITextFileReader<char>
+{
+public:
+    /// `encoding` is ignored. {3, errno} where the file cannot be opened.
+    err::ResultCode open(const std::string& path, int encoding) override;
+    void close() override;
+
+    [[nodiscard]] bool isOpen() const override { return m_bytes.isOpen(); }
+    [[nodiscard]] std::string getFileName() const override { return m_fileName; }
+    [[nodiscard]] io::EBomKind getBomKind() const override { return m_bom; }
+    [[nodiscard]] int getEncoding() const override { return static_cast<int>(io::EBomKind::Utf8); }
+    [[nodiscard]] err::ResultCode getLastError() const override { return m_lastError; }
+
+    /// The text is taken in pieces, each a line or 1023 bytes of one, and a zero byte cuts off the rest of
+    /// its piece.
+    [[nodiscard]] std::string readAll() override;
+    bool readLine(std::string& line) override;
+    err::ResultCode rewind() override;
+
+private:
+    internal::FileBytes m_bytes;
+    std::string m_fileName;
+    io::EBomKind m_bom = io::EBomKind::None;
+    err::ResultCode m_lastError;
+};
+
+} // namespace quillon::file

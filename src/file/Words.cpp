@@ -24,11 +24,6 @@ wchar_t toLower(wchar_t c) noexcept
     return c < 0x80 ? static_cast<wchar_t>(text::toAsciiLower(static_cast<char>(c))) : c;
 }
 
-bool equalsIgnoringCase(std::wstring_view a, std::wstring_view b) noexcept
-{
-    return std::ranges::equal(a, b, {}, toLower, toLower);
-}
-
 template <class Text, class IsSpace>
 void trimBothEnds(Text& text, IsSpace isSpace)
 {
@@ -46,6 +41,11 @@ void trim(std::string& text)
 void trim(std::wstring& text)
 {
     trimBothEnds(text, isWideSpace);
+}
+
+bool equalsIgnoringCase(std::wstring_view a, std::wstring_view b) noexcept
+{
+    return std::ranges::equal(a, b, {}, toLower, toLower);
 }
 
 bool isBoolWord(std::wstring_view word, bool positive) noexcept

@@ -1,9 +1,8 @@
 #include "i18n/TranslationListLoaderXml.h"
 
 #include "err/ResultCode.h"
-#include "file/Utf8FileReader.h"
+#include "file/TextFileReader.h"
 #include "file/Words.h"
-#include "text/AsciiText.h"
 #include "text/Unicode.h"
 
 #include <pugixml.hpp>
@@ -24,8 +23,8 @@ constexpr int kUtf8 = static_cast<int>(io::EBomKind::Utf8);
 // Texts up to this size may be as dense as they like.
 constexpr std::size_t kSmallTextBytes = 1U << 16;
 
-// What a larger text may cost, for each of its bytes: the parser's tree, beside which stand the wide text and
-// the parser's copy of it, and the records, of which the caller of the loader holds a second copy.
+// What a larger text may cost, for each of its bytes: the parser's tree, beside which stand the text and the
+// parser's copy of it, and the records, of which the caller of the loader holds a second copy.
 constexpr std::size_t kMostTreeBytes = 18;
 constexpr std::size_t kMostRecordBytes = 24;
 
@@ -81,18 +80,13 @@ err::ResultCode readText(std::string& text, const std::string& path)
     return result;
 }
 
-err::ResultCode loadDocument(pugi::xml_document& document, std::string text)
+err::ResultCode loadDocument(pugi::xml_document& document, const std::string& text)
 {
-    const std::wstring wide = text::wideFromUtf8(text);
-    // What is no UTF-8 has been replaced.
-    if (text::utf8FromWide(wide) != text)
+    if (!text::isUtf8(text))
         return err::programError(err::kXmlProcessingFailed);
-    if (isTooDense(text))
-        return err::programError(err::kXmlMalformed);
-    // The tree may become large, and this copy is not needed beside it.
-    std::string().swap(text);
-    const bool isLoaded = document.load_buffer(wide.data(), wide.size() * sizeof(wchar_t),
-                                               pugi::parse_default, pugi::encoding_wchar);
+    // What an XML declaration says of the encoding has no effect.
+    const bool isLoaded = !isTooDense(text) && document.load_buffer(text.data(), text.size(),
+                                                                    pugi::parse_default, pugi::encoding_utf8);
     return isLoaded ? err::ResultCode{} : err::programError(err::kXmlMalformed);
 }
 
@@ -113,14 +107,14 @@ std::wstring wideTextOf(const pugi::xml_node& element, const char* attribute)
 
 TranslationType typeOf(const pugi::xml_node& element)
 {
-    constexpr std::pair<std::string_view, TranslationType> kNames[] = {
-        {"properties", kTranslationProperties},
-        {"translations", kTranslationTranslations},
-        {"dll", kTranslationDll},
+    constexpr std::pair<std::wstring_view, TranslationType> kNames[] = {
+        {L"properties", kTranslationProperties},
+        {L"translations", kTranslationTranslations},
+        {L"dll", kTranslationDll},
     };
-    const std::string name = text::utf8FromWide(wideTextOf(element, "filetype"));
+    const std::wstring name = wideTextOf(element, "filetype");
     const auto* const found = std::ranges::find_if(
-        kNames, [&name](const auto& each) { return text::equalsIgnoringAsciiCase(name, each.first); });
+        kNames, [&name](const auto& each) { return file::equalsIgnoringCase(name, each.first); });
     return found == std::end(kNames) ? kTranslationNone : found->second;
 }
 
@@ -156,17 +150,16 @@ err::ResultCode TranslationListLoaderXml<char>::load(const std::string& /*name*/
     std::string text;
     if (const err::ResultCode result = readText(text, path); !err::succeeded(result))
         return result;
-    return text.empty() ? err::ResultCode{} : parse(std::move(text));
+    return text.empty() ? err::ResultCode{} : parse(text);
 }
 
-err::ResultCode TranslationListLoaderXml<char>::parse(std::string text)
+err::ResultCode TranslationListLoaderXml<char>::parse(const std::string& text)
 {
-    const std::size_t textBytes = text.size();
     pugi::xml_document document;
     try {
-        const err::ResultCode result = loadDocument(document, std::move(text));
+        const err::ResultCode result = loadDocument(document, text);
         if (err::succeeded(result))
-            appendAll(m_list, document, textBytes);
+            appendAll(m_list, document, text.size());
         return result;
     } catch (const std::exception&) {
         return err::programError(err::kXmlProcessingFailed);

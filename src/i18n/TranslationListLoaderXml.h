@@ -24,7 +24,7 @@ public:
     void getList(std::vector<Translation<char>>& out) const override { out = m_list; }
 
 private:
-    err::ResultCode parse(std::string text);
+    err::ResultCode parse(const std::string& text);
 
     std::vector<Translation<char>> m_list;
 };

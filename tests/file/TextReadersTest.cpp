@@ -1,5 +1,4 @@
 #include "file/TextFileReader.h"
-#include "file/Utf8FileReader.h"
 #include "support/PrintResultCode.h"
 #include "support/TempFolder.h"
 

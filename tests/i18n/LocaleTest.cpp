@@ -1,7 +1,5 @@
 #include "i18n/Locale.h"
 
-#include "i18n/LocaleTable.h"
-
 #include <gtest/gtest.h>
 
 #include <map>
@@ -13,7 +11,6 @@ namespace quillon::i18n {
 namespace {
 
 using internal::Locale;
-using internal::LocaleRow;
 
 TEST(Locale, KeepsTheNamesThatLookLikeSlips)
 {

@@ -1,4 +1,4 @@
-// What every input stream promises, whatever it reads from.
+// What every input stream promises, whatever it reads from, and what some of them promise besides.
 
 #include "io/IIStream.h"
 
@@ -6,171 +6,202 @@
 #include "io/IStreamFile.h"
 #include "io/IStreamText.h"
 #include "io/IStreamUtf8File.h"
-#include "support/Bytes.h"
+#include "support/CaseTable.h"
 #include "support/PrintResultCode.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <functional>
-#include <memory>
+#include <cerrno>
+#include <filesystem>
 #include <string>
 #include <vector>
 
 namespace quillon::io {
 namespace {
 
-using Stream = internal::IIStream<char>;
+constexpr err::ResultCode kSuccess{};
+constexpr err::ResultCode kInvalidArgument{5, 5};
 
-/// A stream together with what it reads from, which outlives it.
-struct Source
+std::string nameFor(const IStreamUtf8File& /*stream*/, const std::filesystem::path& path)
 {
-    std::unique_ptr<tests::TempFolder> folder;
-    std::shared_ptr<std::string> text;
-    std::unique_ptr<Stream> stream;
-};
-
-template <class FileStream, class Name>
-Source fileSource(const std::string& content, Name nameOf)
-{
-    Source source{std::make_unique<tests::TempFolder>(), nullptr, nullptr};
-    auto stream = std::make_unique<FileStream>();
-    EXPECT_EQ(stream->open(nameOf(source.folder->write("input", content)).c_str()), err::ResultCode{});
-    source.stream = std::move(stream);
-    return source;
+    return tests::utf8Name(path);
 }
 
-template <class TextStream>
-Source textSource(std::shared_ptr<std::string> text)
+std::wstring nameFor(const IStreamFile<wchar_t>& /*stream*/, const std::filesystem::path& path)
 {
-    auto stream = std::make_unique<TextStream>();
-    static_cast<void>(stream->setText(text->c_str()));
-    return {nullptr, std::move(text), std::move(stream)};
+    return tests::wideName(path);
 }
 
-struct Implementation
+template <class Stream>
+class IIStreamTest : public testing::Test
 {
-    const char* name;
-    std::function<std::unique_ptr<Stream>()> makeBlank; ///< not open, or without data
-    std::function<Source(const std::string& content)> makeSource;
-};
-
-Source bytesSource(const std::string& content)
-{
-    auto stream = std::make_unique<IStreamBytes>();
-    stream->setBytes({content.begin(), content.end()});
-    return {nullptr, nullptr, std::move(stream)};
-}
-
-const Implementation kImplementations[] = {
-    {"IStreamFile", [] { return std::make_unique<IStreamFile<wchar_t>>(); },
-     [](const std::string& content) { return fileSource<IStreamFile<wchar_t>>(content, tests::wideName); }},
-    {"IStreamUtf8File", [] { return std::make_unique<IStreamUtf8File>(); },
-     [](const std::string& content) { return fileSource<IStreamUtf8File>(content, tests::utf8Name); }},
-    {"IStreamBytes", [] { return std::make_unique<IStreamBytes>(); }, bytesSource},
-    {"IStreamText", [] { return std::make_unique<IStreamText<char>>(); },
-     [](const std::string& content) {
-         return textSource<IStreamText<char>>(std::make_shared<std::string>(content));
-     }},
-    {"IStreamHexText", [] { return std::make_unique<IStreamHexText<char>>(); },
-     [](const std::string& content) {
-         return textSource<IStreamHexText<char>>(std::make_shared<std::string>(tests::hexOf(content)));
-     }},
-};
-
-class IIStreamTest : public testing::TestWithParam<Implementation>
-{
-};
-
-INSTANTIATE_TEST_SUITE_P(Every, IIStreamTest, testing::ValuesIn(kImplementations),
-                         [](const auto& test) { return test.param.name; });
-
-/// Reads to the end in pieces, and asks for no more than is left.
-std::string readInPieces(Stream& stream, std::size_t size, std::size_t piece)
-{
-    std::string bytes;
-    std::vector<char> buffer(piece);
-    while (!stream.isEnd()) {
-        unsigned bytesRead = 0;
-        const auto wanted = static_cast<int>(std::min(piece, size - bytes.size()));
-        if (!stream.read(buffer.data(), wanted, &bytesRead))
-            break;
-        bytes.append(buffer.data(), bytesRead);
+protected:
+    void fill(IStreamBytes& stream, const std::string& content)
+    {
+        stream.setBytes({content.begin(), content.end()});
     }
-    return bytes;
-}
+    void fill(IStreamText<char>& stream, const std::string& content)
+    {
+        m_text = content;
+        stream.setText(m_text.c_str());
+    }
+    void fill(IStreamHexText<char>& stream, const std::string& content)
+    {
+        m_text = tests::hexOf(content);
+        EXPECT_EQ(stream.setText(m_text.c_str()), kSuccess);
+    }
+    void fill(auto& file, const std::string& content)
+    {
+        EXPECT_EQ(file.open(nameFor(file, m_folder.write("t\u00E4xt", content)).c_str()), kSuccess);
+    }
 
-TEST_P(IIStreamTest, DeliversTheSameBytesHoweverTheyAreAskedFor)
+    /// What one read of at most `count` bytes brings; "none" where it fails.
+    std::string read(int count)
+    {
+        std::string buffer(static_cast<std::size_t>(count), '\0');
+        return m_stream.read(buffer.data(), count, &m_bytesRead) ? buffer.substr(0, m_bytesRead) : "none";
+    }
+
+    const tests::TempFolder m_folder;
+    std::string m_text;
+    Stream m_stream;
+    unsigned m_bytesRead = 0;
+};
+
+using Streams = testing::Types<IStreamBytes, IStreamText<char>, IStreamHexText<char>, IStreamFile<wchar_t>,
+                               IStreamUtf8File>;
+TYPED_TEST_SUITE(IIStreamTest, Streams);
+
+TYPED_TEST(IIStreamTest, DeliversTheSameBytesHoweverTheyAreAskedForAndThenNoneWithoutAnError)
 {
-    std::string content = "first line\n\n\r\n\xFFthird line";
-    content += std::string(5000, 'x') + "\n" + std::string(2100, 'y');
+    const std::string content = "first line\n\n\r\n\xFFthird line" + std::string(5000, 'x') + "\nlast";
     for (const std::size_t piece : {1U, 2U, 7U, 2047U, 2048U, 4096U, 32768U}) {
-        const Source source = GetParam().makeSource(content);
-        EXPECT_EQ(source.stream->size(), static_cast<std::int64_t>(content.size()));
-        EXPECT_EQ(readInPieces(*source.stream, content.size(), piece), content) << piece;
-        EXPECT_TRUE(source.stream->isEnd());
-        EXPECT_EQ(source.stream->lastError(), err::ResultCode{});
+        TypeParam stream;
+        this->fill(stream, content);
+        EXPECT_EQ(stream.size(), std::ssize(content));
+        EXPECT_TRUE(stream.isBegin() && !stream.isEnd());
+        std::string bytes;
+        std::vector<char> buffer(piece);
+        unsigned count = 0;
+        while (!stream.isEnd()) {
+            const std::size_t wanted = std::min(piece, content.size() - bytes.size());
+            ASSERT_TRUE(stream.read(buffer.data(), static_cast<int>(wanted), &count));
+            bytes.append(buffer.data(), count);
+        }
+        EXPECT_EQ(bytes, content) << piece;
+        EXPECT_FALSE(stream.isBegin() || stream.readChar(buffer.data()));
+        EXPECT_EQ(stream.lastError(), kSuccess);
     }
 }
 
-TEST_P(IIStreamTest, ReadingAtTheEndIsFalseAndNoError)
+TYPED_TEST(IIStreamTest, WithoutDataIsAtItsEndAndReadsNothingWithSuccess)
 {
-    const Source source = GetParam().makeSource("ab");
-    EXPECT_TRUE(source.stream->isBegin());
-    EXPECT_FALSE(source.stream->isEnd());
-    EXPECT_EQ(readInPieces(*source.stream, 2, 2), "ab");
-    char c = 0;
-    unsigned bytesRead = 0;
-    EXPECT_FALSE(source.stream->read(&c, 1, &bytesRead));
-    EXPECT_FALSE(source.stream->isBegin());
-    EXPECT_EQ(bytesRead, 0U);
-    EXPECT_EQ(source.stream->lastError(), err::ResultCode{});
-}
-
-TEST_P(IIStreamTest, ReadCharDeliversOneByteATime)
-{
-    const Source source = GetParam().makeSource("ab");
-    char c = 0;
-    EXPECT_TRUE(source.stream->readChar(&c));
-    EXPECT_EQ(c, 'a');
-    EXPECT_TRUE(source.stream->readChar(&c));
-    EXPECT_EQ(c, 'b');
-    EXPECT_FALSE(source.stream->readChar(&c));
-}
-
-TEST_P(IIStreamTest, ReadingNothingIsTrueEvenWithoutDataAndBuffer)
-{
-    const auto blank = GetParam().makeBlank();
+    EXPECT_FALSE(this->m_stream.isBegin());
     for (const int count : {0, -1}) {
-        unsigned bytesRead = 77;
-        EXPECT_TRUE(blank->read(nullptr, count, &bytesRead));
-        EXPECT_EQ(bytesRead, 0U);
-        EXPECT_EQ(blank->lastError(), err::ResultCode{});
+        EXPECT_TRUE(this->m_stream.isEnd());
+        EXPECT_EQ(this->m_stream.size(), 0);
+        EXPECT_TRUE(this->m_stream.read(nullptr, count, &this->m_bytesRead));
+        EXPECT_EQ(this->m_bytesRead, 0U);
+        if (count == 0)
+            this->fill(this->m_stream, "");
     }
 }
 
-TEST_P(IIStreamTest, AMissingBufferIsAnErrorThatTheNextReadForgets)
+TYPED_TEST(IIStreamTest, AMissingBufferIsAnErrorThatTheNextReadForgets)
 {
-    const Source source = GetParam().makeSource("ab");
-    unsigned bytesRead = 77;
-    EXPECT_FALSE(source.stream->read(nullptr, 1, &bytesRead));
-    EXPECT_EQ(bytesRead, 77U);
-    EXPECT_EQ(source.stream->lastError(), (err::ResultCode{5, 5}));
+    this->fill(this->m_stream, "ab");
+    EXPECT_FALSE(this->m_stream.read(nullptr, 1, &this->m_bytesRead));
+    EXPECT_EQ(this->m_stream.lastError(), kInvalidArgument);
     char c = 0;
-    EXPECT_TRUE(source.stream->readChar(&c));
-    EXPECT_EQ(source.stream->lastError(), err::ResultCode{});
+    EXPECT_TRUE(this->m_stream.readChar(&c));
+    EXPECT_EQ(c, 'a');
+    EXPECT_EQ(this->m_stream.lastError(), kSuccess);
 }
 
-TEST_P(IIStreamTest, WithoutDataItIsAtItsEndAndNotAtItsBegin)
+template <class Stream>
+using FileStreamTest = IIStreamTest<Stream>;
+using FileStreams = testing::Types<IStreamFile<wchar_t>, IStreamUtf8File>;
+TYPED_TEST_SUITE(FileStreamTest, FileStreams);
+
+TYPED_TEST(FileStreamTest, RefusesToOpenAndToReadWithTheReason)
 {
-    const auto blank = GetParam().makeBlank();
-    EXPECT_FALSE(blank->isBegin());
-    EXPECT_TRUE(blank->isEnd());
-    EXPECT_EQ(blank->size(), 0);
-    const Source empty = GetParam().makeSource("");
-    EXPECT_TRUE(empty.stream->isEnd());
-    EXPECT_EQ(empty.stream->size(), 0);
+    TypeParam& stream = this->m_stream;
+    const auto missing = nameFor(stream, this->m_folder.file("missing"));
+    const std::uint32_t group = std::is_same_v<TypeParam, IStreamUtf8File> ? 3 : 1;
+    EXPECT_EQ(stream.open(nullptr), kInvalidArgument);
+    EXPECT_EQ(stream.open(missing.substr(0, 0).c_str()), kInvalidArgument);
+    EXPECT_EQ(stream.open(missing.c_str()), (err::ResultCode{group, ENOENT}));
+    EXPECT_EQ(stream.lastError(), (err::ResultCode{group, ENOENT}));
+    EXPECT_FALSE(stream.read(this->m_text.data(), 1, &this->m_bytesRead));
+    EXPECT_EQ(stream.lastError(), (err::ResultCode{5, 104}));
+    this->fill(stream, "a");
+    EXPECT_EQ(stream.lastError(), kSuccess);
+    EXPECT_EQ(stream.open(missing.c_str()), (err::ResultCode{5, 7}));
+    EXPECT_EQ(stream.lastError(), (err::ResultCode{5, 7}));
+}
+
+class IStreamFileTest : public IIStreamTest<IStreamFile<wchar_t>>
+{
+};
+
+TEST_F(IStreamFileTest, ReadsAsFarAsTheFileReachedAtItsOpenAndWhatWasCutOffAsNothing)
+{
+    fill(m_stream, "abc");
+    m_folder.write("t\u00E4xt", "abcdef");
+    EXPECT_EQ(read(16), "abc");
+    EXPECT_EQ(read(16), "none");
+    m_stream.close();
+    EXPECT_EQ(m_stream.size(), 0);
+    fill(m_stream, "def");
+    EXPECT_TRUE(m_stream.isBegin());
+    m_folder.write("t\u00E4xt", "d");
+    EXPECT_EQ(read(16), "d");
+    EXPECT_EQ(read(16), "");
+    EXPECT_FALSE(m_stream.isEnd());
+    EXPECT_EQ(m_stream.lastError(), kSuccess);
+}
+
+TEST_F(IStreamFileTest, AReadThatTheSystemRefusesKeepsItsNumber)
+{
+    fill(m_stream, "abc");
+    EXPECT_FALSE(m_stream.read(reinterpret_cast<char*>(std::uintptr_t{1}), 1, &m_bytesRead));
+    EXPECT_EQ(m_stream.lastError().group, 1U);
+    EXPECT_NE(m_stream.lastError().code, 0U);
+}
+
+class IStreamUtf8FileTest : public IIStreamTest<IStreamUtf8File>
+{
+};
+
+TEST_F(IStreamUtf8FileTest, DeliversALineAtATime)
+{
+    for (const tests::CaseRow& row : tests::readCaseTable("io/lines.txt")) {
+        IStreamUtf8File file;
+        fill(file, row[1]);
+        const int count = std::stoi(row[0]);
+        std::string buffer(static_cast<std::size_t>(count), '\0');
+        std::vector<std::string> lines;
+        while (file.read(buffer.data(), count, &m_bytesRead))
+            lines.push_back(buffer.substr(0, m_bytesRead));
+        EXPECT_EQ(tests::inBrackets(lines), row[2]);
+        EXPECT_EQ("5/" + std::to_string(file.lastError().code), row[3]) << row[1];
+    }
+}
+
+TEST(IStreamHexText, DeliversTheBytesThatAreSpelledOrIsEmpty)
+{
+    for (const tests::CaseRow& row : tests::readCaseTable("io/hex-texts.txt")) {
+        IStreamHexText<char> stream;
+        const bool isRefused = row[1] == "refused";
+        ASSERT_EQ(stream.setText("0a"), kSuccess);
+        EXPECT_EQ(stream.setText(row[0].c_str()), isRefused ? kInvalidArgument : kSuccess) << row[0];
+        std::string bytes(static_cast<std::size_t>(stream.size()), '\0');
+        unsigned bytesRead = 0;
+        EXPECT_TRUE(stream.read(bytes.data(), static_cast<int>(bytes.size()), &bytesRead));
+        EXPECT_EQ(bytes, isRefused ? "" : row[1]) << row[0];
+    }
 }
 
 } // namespace
