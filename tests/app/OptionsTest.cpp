@@ -251,8 +251,9 @@ TEST_F(OptionsTest, ThatAreCancelledWithAnotherLanguageShownBringTheStoredOneInt
 
 TEST_F(OptionsTest, OfTheDesktopActAtTheStartAndWhereOneOfTheTwoChanges)
 {
-    const std::string removal = "remove remove remove remove ";
-    const std::string creation = "create ";
+    const std::string remove = "removeShellContextMenuForUserT ";
+    const std::string removal = remove + remove + remove + remove;
+    const std::string creation = "createShellContextMenuForUserT ";
     const std::pair<const char*, std::string> changes[]{
         {"checkBoxUseLogFile", ""},
         {"checkBoxAddSendTo", removal + creation},
@@ -260,7 +261,7 @@ TEST_F(OptionsTest, OfTheDesktopActAtTheStartAndWhereOneOfTheTwoChanges)
     };
     takeHelperCalls();
     auto driver = std::make_unique<MainWindowDriver>();
-    EXPECT_EQ(takeHelperCalls(), removal + creation + "link ");
+    EXPECT_EQ(takeHelperCalls(), removal + creation + "createShellLinkW ");
     for (const auto& [control, calls] : changes) {
         useOptions(*driver, "buttonOk", [box = control](const OptionsUser& user) { user.click(box); });
         EXPECT_EQ(takeHelperCalls(), calls) << control;
