@@ -49,8 +49,8 @@ struct OptionsNetwork : testing::Test
 {
     OptionsNetwork()
     {
-        dialog->setSystemQuery([] { return SystemAnswer{}; });
-        dialog->setNetProxy({20, "proxy.example", 8080, "ann", "secret"});
+        dialog.setSystemQuery([] { return SystemAnswer{}; });
+        dialog.setNetProxy({20, "proxy.example", 8080, "ann", "secret"});
     }
 
     /// The four fields, those that take no text with a "-" before them.
@@ -76,10 +76,10 @@ struct OptionsNetwork : testing::Test
     }
 
     /// The result line after a click on the button, with a check of the page at `url`.
-    [[nodiscard]] std::string check(const std::vector<std::string>& libraries, const std::string& url) const
+    [[nodiscard]] std::string check(const std::vector<std::string>& libraries, const std::string& url)
     {
-        dialog->show();
-        dialog->setConnectionCheck(std::make_shared<ConnectionCheck>(libraries, url));
+        dialog.show();
+        dialog.setConnectionCheck(std::make_shared<ConnectionCheck>(libraries, url));
         user.reach<QLineEdit>("lineEditNetworkLogs").clear();
         user.click("buttonCheckConnection");
         EXPECT_FALSE(user.reach("buttonCheckConnection").isEnabled());
@@ -87,16 +87,16 @@ struct OptionsNetwork : testing::Test
         return result();
     }
 
-    std::unique_ptr<COptionsDialog> dialog = std::make_unique<COptionsDialog>();
-    OptionsUser user{*dialog};
+    COptionsDialog dialog;
+    OptionsUser user{dialog};
 };
 
 TEST_F(OptionsNetwork, EachModeHasItsFieldsAndAStoredSystemModeAsksTheSystemAtTheFirstShow)
 {
     std::promise<SystemAnswer> system;
-    dialog->setSystemQuery([answer = system.get_future().share()] { return answer.get(); });
-    dialog->setProxySelectType(EProxySelectType::System);
-    dialog->show();
+    dialog.setSystemQuery([answer = system.get_future().share()] { return answer.get(); });
+    dialog.setProxySelectType(EProxySelectType::System);
+    dialog.show();
     EXPECT_EQ(fields(), " - - ann secret");
     EXPECT_TRUE(waitForEnabled("comboBoxProxyConfigType", false));
     system.set_value({{1, "system.example", 3128, {}, {}}, {}});
@@ -107,7 +107,7 @@ TEST_F(OptionsNetwork, EachModeHasItsFieldsAndAStoredSystemModeAsksTheSystemAtTh
     user.enter("comboBoxProxyConfigType", "No proxy");
     EXPECT_EQ(fields(), " -system.example -3128 -ann -secret");
     user.click("buttonOk");
-    EXPECT_EQ(dialog->getNetProxy().server, "system.example");
+    EXPECT_EQ(dialog.getNetProxy().server, "system.example");
 }
 
 TEST_F(OptionsNetwork, AQueryThatFailsSaysSoAndOneThatIsChosenAgainSucceeds)
@@ -121,9 +121,9 @@ TEST_F(OptionsNetwork, AQueryThatFailsSaysSoAndOneThatIsChosenAgainSucceeds)
          "#ff0000 Failed to get system proxy settings. Error: 5/13. - - ann secret"},
         {[] { return SystemAnswer{}; }, "#000000  - -0 ann secret"},
     };
-    dialog->show();
+    dialog.show();
     for (const auto& [query, expected] : queries) {
-        dialog->setSystemQuery(query);
+        dialog.setSystemQuery(query);
         user.enter("comboBoxProxyConfigType", "No proxy");
         QTest::keyClick(&user.reach("comboBoxProxyConfigType"), Qt::Key_Down);
         user.reach<QLineEdit>("lineEditNetworkLogs").setText("waiting");
@@ -136,7 +136,7 @@ TEST_F(OptionsNetwork, AQueryThatFailsSaysSoAndOneThatIsChosenAgainSucceeds)
 TEST_F(OptionsNetwork, ACheckUsesTheFieldsWhateverTheModeAndShowsItsCodesEachTimeItFails)
 {
     const LocalPage proxy("HTTP/1.1 404 Not Found\r\nContent-Length: 0\r\n\r\n");
-    dialog->setNetProxy({0, " 127.0.0.1 ", proxy.server.serverPort(), "ann", "secret"});
+    dialog.setNetProxy({0, " 127.0.0.1 ", proxy.server.serverPort(), "ann", "secret"});
     for (int attempt = 0; attempt < 2; ++attempt)
         EXPECT_EQ(check({}, ""), "#ff0000 Failed to check network connection. Error: 5/90.");
     EXPECT_EQ(check(platform::curlLibraryPaths(), "http://kestrum.invalid/"),
