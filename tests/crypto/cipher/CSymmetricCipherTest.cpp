@@ -190,16 +190,6 @@ TEST(CipherContainer, KnownAnswersAreReachedInBothDirections)
     }
 }
 
-TEST(CipherContainer, EveryLengthComesBackFromAContainerOfWholeBlocks)
-{
-    for (std::size_t length = 1; length <= 300; ++length) {
-        const std::string plain = patternBytes(length);
-        const std::string container = through<Encryptor>(plain, "qkz", "0/0", 23, Bytes(8), 120);
-        ASSERT_EQ(container.size(), 56 + (length + 7) / 8 * 8);
-        ASSERT_EQ(through<Decryptor>(container), plain) << length << " bytes";
-    }
-}
-
 TEST(CipherContainer, AChangedByteIsFoundInTheHeaderAndChangesTheTextBehindIt)
 {
     constexpr std::size_t kCheckedBytes = 48; // the salt behind them is not looked at

@@ -19,6 +19,7 @@
 #include <map>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <tuple>
 #include <vector>
 
@@ -27,6 +28,58 @@ namespace {
 
 using logger::ELogLevel;
 using tests::codesOf;
+
+/// A message and its digest; docs/test-vectors.md tells of the files they come from.
+struct Vector
+{
+    std::string file;
+    std::string message;
+    std::string digest;
+};
+
+std::string messageOf(const std::string& key, const std::string& value)
+{
+    if (key == "text")
+        return value;
+    if (key == "in")
+        return tests::bytesFromHex(value);
+    if (key == "pattern")
+        return tests::patternBytes(std::stoul(value));
+    if (key != "repeat")
+        throw std::runtime_error("a vector file has an unknown key: " + key);
+    return std::string(std::stoul(value), tests::bytesFromHex(value.substr(value.find(' ') + 1)).at(0));
+}
+
+/// All vectors by the name of their algorithm.
+std::map<std::string, std::vector<Vector>> readVectors()
+{
+    std::map<std::string, std::vector<Vector>> all;
+    for (const auto& entry : std::filesystem::directory_iterator(KESTRUM_TEST_DATA "/crypto/vectors")) {
+        std::ifstream file(entry.path());
+        std::string algorithm, message, line;
+        while (std::getline(file, line)) {
+            if (line.empty() || line.front() == '#')
+                continue;
+            const std::size_t equals = line.find('=');
+            const std::string key(text::trimAscii(line.substr(0, equals)));
+            const std::string value(text::trimAscii(line.substr(equals + 1)));
+            if (key == "algorithm")
+                algorithm = value;
+            else if (key == "out")
+                all[algorithm].push_back({entry.path().stem().string(), message, value});
+            else
+                message = messageOf(key, value);
+        }
+    }
+    return all;
+}
+
+std::string digestOf(const IHash& hash)
+{
+    std::string hex;
+    EXPECT_EQ(codesOf(hash.getDigestHex(hex)), "0/0");
+    return hex;
+}
 
 class HashEntry : public testing::Test
 {
@@ -98,68 +151,15 @@ TEST_F(HashEntry, WhatIsMissingIsReportedAndLoggedWithoutARun)
 
 TEST_F(HashEntry, TheDigestOfAFileIsThatOfItsBytes)
 {
-    // SHA-256 of nothing, of "abc" (FIPS 180-2, appendix B) and of a million letters 'a' (the same).
-    for (const auto& [name, bytes, expected] :
-         {std::tuple{"empty", std::string(),
-                     "E3B0C44298FC1C149AFBF4C8996FB92427AE41E4649B934CA495991B7852B855"},
-          {"a name 'with' quotes & signs, \u00FC and \u6F22\u5B57", "abc",
-           "BA7816BF8F01CFEA414140DE5DAE2223B00361A396177A9CB410FF61F20015AD"},
-          {"large", std::string(1000000, 'a'),
-           "CDC76E5C9914FB9281A1C7E284D73E67F1809A48A497200E046D39CCC7112CD0"}}) {
-        EXPECT_EQ(run(tests::utf8Name(folder.write(name, bytes)), sha256), "0/0") << name;
+    const auto vectors = readVectors();
+    for (const Vector& vector : vectors.at("SHA-256")) {
+        const auto file =
+            folder.write("a name 'with' quotes & signs, \u00FC and \u6F22\u5B57", vector.message);
+        EXPECT_EQ(run(tests::utf8Name(file), sha256), "0/0");
         EXPECT_TRUE(course.heard.ends_with("finished"));
-        std::string digest;
-        EXPECT_EQ(codesOf(sha256->getDigestHex(digest)), "0/0");
-        EXPECT_EQ(digest, expected) << name;
+        EXPECT_EQ(digestOf(*sha256), vector.digest) << vector.file;
     }
     EXPECT_EQ(line(), "");
-}
-
-/// A message and its digest; docs/test-vectors.md tells of the files they come from.
-struct Vector
-{
-    std::string label; ///< "file:line"
-    std::string message;
-    std::string digest;
-};
-
-std::string messageOf(const std::string& key, const std::string& value)
-{
-    if (key == "text")
-        return value;
-    if (key == "in")
-        return tests::bytesFromHex(value);
-    if (key == "pattern")
-        return tests::patternBytes(std::stoul(value));
-    if (key != "repeat")
-        throw std::runtime_error("unknown key " + key);
-    return std::string(std::stoul(value), tests::bytesFromHex(value.substr(value.find(' ') + 1)).at(0));
-}
-
-/// All vectors by the name of their algorithm.
-std::map<std::string, std::vector<Vector>, std::less<>> readVectors()
-{
-    std::map<std::string, std::vector<Vector>, std::less<>> all;
-    for (const auto& entry : std::filesystem::directory_iterator(KESTRUM_TEST_DATA "/crypto/vectors")) {
-        std::ifstream file(entry.path());
-        std::string algorithm, message, line;
-        for (int number = 1; std::getline(file, line); ++number) {
-            if (line.empty() || line.front() == '#')
-                continue;
-            const std::size_t equals = line.find('=');
-            const std::string key(text::trimAscii(line.substr(0, equals)));
-            const std::string value(text::trimAscii(line.substr(equals + 1)));
-            const std::string label = entry.path().filename().string() + ':' + std::to_string(number);
-            SCOPED_TRACE(label);
-            if (key == "algorithm")
-                algorithm = value;
-            else if (key == "out")
-                all[algorithm].push_back({label, message, value});
-            else
-                message = messageOf(key, value);
-        }
-    }
-    return all;
 }
 
 // One calculator for all pieces, so each run also shows that the one before has left nothing behind.
@@ -171,9 +171,7 @@ void expectDigestHoweverCut(IHash& hash, const Vector& vector)
         tests::Course course;
         tests::MemoryStream stream(course, vector.message);
         EXPECT_EQ(codesOf(hash.calculate(&stream, static_cast<std::int32_t>(piece), 400, nullptr)), "0/0");
-        std::string digest;
-        EXPECT_EQ(codesOf(hash.getDigestHex(digest)), "0/0");
-        EXPECT_EQ(digest, vector.digest) << vector.label << ", pieces of " << piece << " bytes";
+        EXPECT_EQ(digestOf(hash), vector.digest) << vector.file << ", pieces of " << piece << " bytes";
     }
 }
 
@@ -183,6 +181,7 @@ TEST(HashCatalogue, EveryRowGivesItsPublishedAndIndependentDigests)
     for (const HashAlgorithm& row : hashCatalogue()) {
         const std::shared_ptr<IHash> hash = getHashCalculator(row.id.lib, row.id.alg);
         ASSERT_NE(hash, nullptr) << row.name;
+        EXPECT_EQ(row.strong, row.id.alg < 300) << "checksums and broken digests are weak: " << row.name;
         EXPECT_EQ(hash->getLibraryId(), row.id.lib);
         EXPECT_EQ(hash->getAlgorithmId(), row.id.alg) << row.name;
         EXPECT_EQ(hash->getDigestSize(), row.digestBytes) << row.name;
@@ -191,12 +190,32 @@ TEST(HashCatalogue, EveryRowGivesItsPublishedAndIndependentDigests)
         ASSERT_FALSE(found.empty()) << row.name;
         for (const Vector& vector : found.mapped()) {
             expectDigestHoweverCut(*hash, vector);
-            published += vector.label.find("-published") != std::string::npos ? 1 : 0;
+            published += vector.file.ends_with("-published") ? 1 : 0;
         }
         EXPECT_GE(published, 1U) << row.name;
         EXPECT_GE(found.mapped().size() - published, 20U) << row.name << ", independent ones";
     }
     EXPECT_TRUE(vectors.empty()) << vectors.begin()->first << " is not in the catalogue";
+}
+
+TEST(HashCatalogue, WhatIsNotInTheTableIsNotFound)
+{
+    std::uint32_t found = 77;
+    for (const std::string_view name : {"SHA-1", "SHA256", "SHA-2567", "SHA-25", "", " SHA-256", "MD5 "})
+        EXPECT_FALSE(findAlgorithmIdByName(name, found)) << name;
+    EXPECT_EQ(found, 77U);
+    EXPECT_TRUE(findAlgorithmIdByName("sKEIN512-224", found));
+    EXPECT_EQ(found, 102U);
+    for (const std::uint32_t id : {0U, 2U, 9U, 14U, 99U, 111U, 302U, 402U, 0xFFFFFFFFU}) {
+        EXPECT_FALSE(isHashAlgValid(id)) << id;
+        EXPECT_EQ(checkHashAlg(id), 0U);
+        EXPECT_EQ(getHashAlgName(id), "");
+        EXPECT_EQ(getAlgorithmDigestSize(id), 0);
+    }
+    for (const std::uint32_t id : {1U, 10U, 20U, 100U, 200U, 300U})
+        EXPECT_TRUE(isHashLibraryValid(id)) << id;
+    for (const std::uint32_t id : {0U, 2U, 11U, 30U, 299U, 301U, 0xFFFFFFFFU})
+        EXPECT_FALSE(isHashLibraryValid(id)) << id;
 }
 
 } // namespace
