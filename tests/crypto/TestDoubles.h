@@ -7,7 +7,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cstdint>
 #include <functional>
 #include <stdexcept>
@@ -24,7 +23,7 @@ inline std::string codesOf(const crypto::HashResult& result)
 }
 
 /// The events of a run as words such as "read64". `plan` tells what is to come, and a mark before a word what
-/// is special about that event: "!" it fails, "0" it passes no bytes, "~" half of them, and at "^" `onMark`
+/// is special about that event: "!" it fails, "-" it passes no bytes, "~" half of them, and at "^" `onMark`
 /// is called in the middle of it.
 struct Course
 {
@@ -40,7 +39,7 @@ struct Course
             throw std::runtime_error("a run without end: " + heard);
         heard += heard.empty() ? "" : " ";
         const char next = heard.size() < plan.size() ? plan[heard.size()] : '\0';
-        if (std::string_view("!0~^").find(next) != std::string_view::npos)
+        if (std::string_view("!-~^").find(next) != std::string_view::npos)
             heard += next;
         heard += event;
         if (next == '^')
@@ -52,7 +51,7 @@ struct Course
 /// How many of `count` bytes an event with `mark` passes.
 inline int passed(char mark, int count)
 {
-    return mark == '0' ? 0 : mark == '~' ? count / 2 : count;
+    return mark == '-' ? 0 : mark == '~' ? count / 2 : count;
 }
 
 /// An engine whose digest is the number of bytes absorbed, as four bytes, least significant first.
