@@ -135,7 +135,8 @@ class DesktopTest(unittest.TestCase):
 
     def close_program(self, process=None):
         """Closes the window by its key; a crash on the way out fails the test, where the process is ours to see."""
-        process_id = self.xdotool("getwindowpid", self.focus())
+        window = self.focus()
+        process_id = process.pid if process else self.xdotool("getwindowpid", window)
         self.key("alt+F4")
         if process:
             self.assertEqual(process.wait(LIMIT_S), 0)
