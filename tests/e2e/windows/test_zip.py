@@ -17,6 +17,8 @@ from desktop import CONTENT, LIMIT_S, TITLE, DesktopTest, hex_digest  # noqa: E4
 WINE = os.environ["KESTRUM_WINE"]
 SETTINGS = r"HKCU\Software\Quillon.example\Kestrum"
 MENU_ENTRIES = r"HKCU\Software\Classes\*\shell"
+LOG = "Quillon.example/Kestrum/kestrum.log"
+LINK = "Microsoft/Windows/SendTo/Kestrum.lnk"
 # What chooses an entry in the menu of the main window that stands here, under Wine.
 MENU_HASH = (56, 11)
 SELECT_ALGORITHM = ("Down", "Down", "Down", "Return")
@@ -101,16 +103,18 @@ class ZipTest(DesktopTest):
         self.close_program(process)
 
     def test_log_and_desktop_entries_are_made_and_go_again(self):
+        for log in self.user_files(LOG):
+            log.unlink()
         self.set_values(LogLevel=DEBUG, UseLogFile=1)
         self.close_program(self.start_program())
-        (log,) = self.user_files("Quillon.example/Kestrum/kestrum.log")
+        (log,) = self.user_files(LOG)
         self.assertRegex(log.read_text(encoding="utf-8"), r"\[DEBUG\].*\[mainwindow\] Start \.\.\.")
         self.assertIn("Send To Kestrum", self.ask(WINE, "reg", "query", MENU_ENTRIES, "/s"))
-        self.assertTrue(self.user_files("Microsoft/Windows/SendTo/Kestrum.lnk"))
+        self.assertTrue(self.user_files(LINK))
         self.set_values(IntegrateToShellContextMenu=0, AddToSendMenu=0)
         self.close_program(self.start_program())
         self.assertNotIn("Kestrum", self.ask(WINE, "reg", "query", MENU_ENTRIES, "/s"))
-        self.assertFalse(self.user_files("Microsoft/Windows/SendTo/Kestrum.lnk"))
+        self.assertFalse(self.user_files(LINK))
 
     def test_the_connection_check_asks_through_the_proxy(self):
         with socket.create_server(("127.0.0.1", 0)) as proxy:
