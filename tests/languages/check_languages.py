@@ -146,8 +146,8 @@ class Language:
             if not keys:
                 self.fault(text[1], f"of {text[0]} has no translation")
             unused -= set(keys[:1])
-        for context, source in sorted(unused):
-            self.fault(source, f"of {context} is no text of the program (any more)")
+        for key in sorted(unused):
+            self.fault(self.entries[key][0], f"of {key[0]} is no text of the program (any more)")
 
     def check_entry(self, source, translation, is_shortcut):
         def same(part):
