@@ -1,4 +1,4 @@
-"""A virtual desktop for the tests: an X server, a window manager and the program, driven by real keys and mouse."""
+# A virtual desktop for the tests: an X server, a window manager and the program, driven by real keys and mouse.
 
 import hashlib
 import os
@@ -28,9 +28,8 @@ def end(process):
     process.wait()
 
 
+# Each test has its own display, folders of settings and data, folder of files, and the processes it starts.
 class DesktopTest(unittest.TestCase):
-    """Each test has its own display, folders of settings and data, folder of files, and the processes it starts."""
-
     def setUp(self):
         folder = tempfile.TemporaryDirectory(prefix="kestrum-e2e-")
         self.addCleanup(folder.cleanup)
@@ -47,8 +46,8 @@ class DesktopTest(unittest.TestCase):
         self.files.mkdir()
         self.start_display()
 
+    # Makes the program's settings file, in which the automatic copy of the digest is switched on.
     def write_settings(self, **values):
-        """Makes the program's settings file, in which the automatic copy of the digest is switched on."""
         lines = "".join(f"{key}={value}\n" for key, value in {"WhatCopyToClipboard": 2, **values}.items())
         (self.config / "Quillon.example").mkdir(exist_ok=True)
         (self.config / "Quillon.example" / "Kestrum.conf").write_text("[General]\n" + lines, encoding="ascii")
@@ -62,8 +61,8 @@ class DesktopTest(unittest.TestCase):
         # On the first key of all the window manager takes up its own keys anew, and would miss one of them.
         self.key("Shift_L")
 
+    # Starts a process that ends with the test, also where that is killed.
     def start(self, command, stdout=subprocess.DEVNULL, cwd=None, **environment):
-        """Starts a process that ends with the test, also where that is killed."""
         process = subprocess.Popen(["setpriv", "--pdeathsig", "TERM", *command], stdin=subprocess.DEVNULL,
                                    stdout=stdout, cwd=cwd or self.files, env={**self.environment, **environment})
         self.addCleanup(end, process)
@@ -74,8 +73,8 @@ class DesktopTest(unittest.TestCase):
         self.addCleanup(process.stdout.close)
         return process.stdout.readline().decode().strip()
 
+    # What a short command writes; nothing where it fails.
     def ask(self, *command):
-        """What a short command writes; nothing where it fails."""
         answer = subprocess.run(command, env=self.environment, stdin=subprocess.DEVNULL, capture_output=True,
                                 timeout=LIMIT_S, check=False)
         return answer.stdout.decode(errors="replace") if answer.returncode == 0 else ""
@@ -86,8 +85,8 @@ class DesktopTest(unittest.TestCase):
     def key(self, *keys):
         self.xdotool("key", *keys)
 
+    # The first true value of condition(); where none comes in time the test fails, leaving a picture.
     def wait_for(self, condition, what):
-        """The first true value of condition(); where none comes in time the test fails, leaving a picture."""
         end_of_wait = time.monotonic() + LIMIT_S
         while not (value := condition()):
             if time.monotonic() > end_of_wait:
@@ -104,8 +103,8 @@ class DesktopTest(unittest.TestCase):
         self.wait_for(lambda: re.search(title, self.xdotool("getactivewindow", "getwindowname")),
                       f"the focus in a window with the title {title}")
 
+    # The number of the window with a title that fits the expression, which then has the focus.
     def focus(self, title=TITLE):
-        """The number of the window with a title that fits the expression, which then has the focus."""
         window = self.wait_for(lambda: self.xdotool("search", "--all", "--onlyvisible", "--name", title),
                                f"a window with the title {title}").split()[0]
         self.xdotool("windowactivate", window)
@@ -122,19 +121,13 @@ class DesktopTest(unittest.TestCase):
         (self.files / name).write_bytes(content)
         return self.files / name
 
-    def make_sparse_file(self, name, size):
-        """A file of zeros that takes no room on the disk."""
-        self.make_file(name, b"")
-        os.truncate(self.files / name, size)
-        return self.files / name
-
     def start_program(self, *arguments, **environment):
         process = self.start([PROGRAM, *arguments], **environment)
         self.focus()
         return process
 
+    # Closes the window by its key; a crash on the way out fails the test, where the process is ours to see.
     def close_program(self, process=None):
-        """Closes the window by its key; a crash on the way out fails the test, where the process is ours to see."""
         window = self.focus()
         process_id = process.pid if process else self.xdotool("getwindowpid", window)
         self.key("alt+F4")

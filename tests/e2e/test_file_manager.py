@@ -1,4 +1,4 @@
-"""The entries in the menus of a real file manager, Thunar."""
+# The entries in the menus of a real file manager, Thunar.
 
 import os
 import pathlib
@@ -28,13 +28,13 @@ class FileManager(DesktopTest):
             "dbus-daemon", "--session", "--nofork", "--print-address")
         self.start(["thunar", str(self.files)])
 
+    # Selects all there is; the copy tells whether the list of files stands already.
     def is_file_selected(self):
-        """Selects all there is; the copy tells whether the list of files stands already."""
         self.key("ctrl+a", "ctrl+c")
         return urllib.parse.unquote(self.clipboard("-t", "text/uri-list")) == f"file://{self.path}"
 
+    # Waits for so many windows beside the main one.
     def wait_for_menus(self, count):
-        """Waits for so many windows beside the main one."""
         self.wait_for(lambda: len(self.xdotool("search", "--onlyvisible", "--class", "^Thunar$").split()) > count,
                       f"{count} open menus")
 

@@ -1,4 +1,4 @@
-"""What only the whole program shows: real keys, mouse and clipboard, other programs, large files, its end."""
+# What only the whole program shows: real keys, mouse and clipboard, other programs, large files, its end.
 
 import os
 import re
@@ -11,8 +11,8 @@ LARGE_MARKS = (0, (1 << 31) + 1, (1 << 32) - 3, LARGE_SIZE - 5)  # where 32-bit 
 LARGE_DIGEST = "7B6F0731"  # as zlib.adler32 gives it
 
 
+# A figure that the system keeps of the process.
 def figure(process, file, name):
-    """A figure that the system keeps of the process."""
     with open(f"/proc/{process.pid}/{file}", encoding="ascii") as lines:
         return int(re.search(rf"^{name}:\s*(\d+)", lines.read(), re.MULTILINE)[1])
 
@@ -46,8 +46,8 @@ class Program(DesktopTest):
             self.close_program(process)
 
     def test_ends_when_it_is_closed_during_a_run(self):
-        path = self.make_sparse_file("large.bin", 1 << 40)
-        process = self.start_program("-ifile", f"./{path.name}", "-a", "MD2", "-start")
+        os.truncate(self.make_file("large.bin"), 1 << 40)
+        process = self.start_program("-ifile", "./large.bin", "-a", "MD2", "-start")
         self.wait_for(lambda: figure(process, "io", "rchar") > 10_000_000, "the program reads the file")
         self.close_program(process)
 
@@ -67,12 +67,12 @@ class Program(DesktopTest):
             self.wait_for_copy(hex_digest("sha256", name.encode()))
         self.close_program(program)
 
+    # Mean brightness of the window's picture, from 0 for black to 1 for white.
     def brightness(self, window):
-        """Mean brightness of the window's picture, from 0 for black to 1 for white."""
         return float(self.ask("import", "-window", window, "-colorspace", "Gray", "-format", "%[fx:mean]", "info:-"))
 
+    # Drags the file from another program, which is dark, to this place of the window.
     def drag(self, path, window, place):
-        """Drags the file from another program, which is dark, to this place of the window."""
         lines = self.folder / "drag"
         with open(lines, "wb") as output:
             source = self.start([os.environ["KESTRUM_DRAG_SOURCE"], path], stdout=output)

@@ -1,4 +1,4 @@
-"""What an installation puts into a prefix, and the Debian package made of it."""
+# What an installation puts into a prefix, and the Debian package made of it.
 
 import os
 import struct
@@ -11,9 +11,8 @@ ID = "example.quillon.Kestrum"
 GERMAN = 1031
 
 
+# A user who has Thunar and reads German.
 class Installed(DesktopTest):
-    """A user who has Thunar and reads German."""
-
     def setUp(self):
         super().setUp()
         self.prefix = self.folder / "installed system"
@@ -21,15 +20,15 @@ class Installed(DesktopTest):
         self.actions = self.config / "Thunar" / "uca.xml"
         self.actions.parent.mkdir()
 
+    # What a command writes; its failure fails the test.
     def run_command(self, *command, **environment):
-        """What a command writes; its failure fails the test."""
         answer = subprocess.run(command, env={**os.environ, **environment}, stdin=subprocess.DEVNULL, text=True,
                                 stdout=subprocess.PIPE, stderr=subprocess.STDOUT, timeout=LIMIT_S, check=False)
         self.assertEqual(answer.returncode, 0, answer.stdout)
         return answer.stdout
 
+    # Its text comes from the translation, and the entry itself from the helper library.
     def wait_for_german_entry(self):
-        """Its text comes from the translation, and the entry itself from the helper library."""
         self.wait_for(lambda: self.actions.exists() and "Senden an Kestrum" in self.actions.read_text("utf-8"),
                       "the context menu entry with its German text")
 
@@ -62,8 +61,8 @@ class Installed(DesktopTest):
         self.run_command("dpkg", f"--root={self.prefix}", "--force-not-root", "--force-bad-path", "--force-depends",
                          *arguments)
 
+    # All there is but dpkg's own.
     def installed_files(self):
-        """All there is but dpkg's own."""
         return [path for path in self.prefix.rglob("*") if "var" not in path.relative_to(self.prefix).parts]
 
     def test_the_package_tells_of_itself_runs_from_its_desktop_entry_and_leaves_nothing(self):

@@ -1,10 +1,9 @@
 #!/usr/bin/env python3
-"""Holds the translation files against the texts of the program.
-
-usage: check_languages.py LUPDATE PROJECT_FOLDER TS_FILE
-
-TS_FILE is written anew. Every fault is printed, naming file and text; the exit status is 1 where there is one.
-"""
+# Holds the translation files against the texts of the program.
+#
+# usage: check_languages.py LUPDATE PROJECT_FOLDER TS_FILE
+#
+# TS_FILE is written anew. Every fault is printed, naming file and text; the exit status is 1 where there is one.
 
 import re
 import subprocess
@@ -32,8 +31,8 @@ KEY_SEQUENCE = re.compile(rf"(?:{MODIFIER})*{KEY}")
 PLAIN_SHORTCUT = re.compile(rf"(?:{MODIFIER})+{KEY}|F\d+")
 
 
+# The value of a text as it is written in a translation file.
 def decoded(written):
-    """The value of a text as it is written in a translation file."""
     text = re.fullmatch(r'\s*("?)(.*)\1\s*', written)[2]
     return text.replace("\\n", "\n").replace("\\r", "\r").replace("\\t", "\t").replace("\\@", "@")
 
@@ -42,9 +41,8 @@ def mnemonics(text):
     return [letter.casefold() for letter in MNEMONIC.findall(text) if letter]
 
 
+# The texts that need a translation, each a pair of context and source, and what is known of them.
 class Project:
-    """The texts that need a translation, each a pair of context and source, and what is known of them."""
-
     def __init__(self, lupdate, root, ts_file):
         self.faults = []
         self.shortcuts = set()  # sources that stand for keys
@@ -55,8 +53,8 @@ class Project:
         self.read_qt_list(root / "languages" / "qt-texts.txt")
         self.faults += [f'"{text[1]}" of {text[0]} is not ASCII' for text in self.texts if not text[1].isascii()]
 
+    # The texts of code and forms below root/src, as Qt's lupdate finds them.
     def extract(self, lupdate, root, ts_file):
-        """The texts of code and forms below root/src, as Qt's lupdate finds them."""
         files = sorted((root / "src").rglob("*.ui"))
         for path in [*(root / "src").rglob("*.h"), *(root / "src").rglob("*.cpp")]:
             code = path.read_text(encoding="utf-8")
@@ -72,8 +70,8 @@ class Project:
             for message in context.iter("message"):
                 yield context.findtext("name"), message.findtext("source")
 
+    # Adds the shortcuts of a form, and which of its texts share a menu or the window.
     def read_form(self, path):
-        """Adds the shortcuts of a form, and which of its texts share a menu or the window."""
         form = ElementTree.parse(path).getroot()
 
         def text_of(element, *names):
@@ -92,8 +90,8 @@ class Project:
             self.shortcuts.add(text_of(part, "shortcut")[1])
         self.groups.append((path.name, window))
 
+    # Adds the texts of Qt and which of them are seen together.
     def read_qt_list(self, path):
-        """Adds the texts of Qt and which of them are seen together."""
         for line in re.findall("^[^#\n].*", path.read_text(encoding="utf-8"), re.MULTILINE):
             context, separator, source = line.partition(": ")
             if line.startswith("["):
@@ -105,9 +103,8 @@ class Project:
                 self.faults.append(f"{path.name}: no context and text: {line}")
 
 
+# One translation file. The program compares sources and contexts without ASCII case.
 class Language:
-    """One translation file. The program compares sources and contexts without ASCII case."""
-
     def __init__(self, path, project):
         self.name = path.name
         self.faults = []
@@ -133,8 +130,8 @@ class Language:
         if rest := ENTRY_OR_NONE.sub("", text):
             self.fault(rest, "is no entry of five lines, nor a comment between two")
 
+    # The keys of its entries, of which the first that there is counts.
     def keys_of(self, text):
-        """The keys of its entries, of which the first that there is counts."""
         context, source = text
         keys = [(place, source.lower()) for place in (context.lower(), "*")]
         return [key for key in keys if key in self.entries]
@@ -190,6 +187,4 @@ def main(lupdate, root, ts_file):
 
 
 if __name__ == "__main__":
-    if len(sys.argv) != 4:
-        sys.exit(__doc__)
     sys.exit(main(*sys.argv[1:]))

@@ -1,12 +1,11 @@
 #!/usr/bin/env python3
-"""Holds every #include below src/ against the links that its module declares.
-
-usage: check_includes.py SRC_FOLDER MODULE_LINKS
-
-MODULE_LINKS has one line a module, lowest module first: "name|folder|public links|all links". Every fault is
-printed as "file:line: what is wrong"; the exit status is 1 where there is one. All modules share one include
-folder, so that the compiler alone would not notice any of these.
-"""
+# Holds every #include below src/ against the links that its module declares.
+#
+# usage: check_includes.py SRC_FOLDER MODULE_LINKS
+#
+# MODULE_LINKS has one line a module, lowest module first: "name|folder|public links|all links". Every fault is
+# printed as "file:line: what is wrong"; the exit status is 1 where there is one. All modules share one include
+# folder, so that the compiler alone would not notice any of these.
 
 import re
 import sys
@@ -42,8 +41,8 @@ def read_modules(lines):
         passed_on[f"kestrum::{name}"] = {name}.union(*(passed_on.get(link, ()) for link in public.split()))
 
 
+# The module of the innermost folder that has one.
 def module_of(path):
-    """The module of the innermost folder that has one."""
     return next((names[str(folder)] for folder in PurePosixPath(path).parents if str(folder) in names), None)
 
 
@@ -80,6 +79,4 @@ def main(source_folder, module_links):
 
 
 if __name__ == "__main__":
-    if len(sys.argv) != 3:
-        sys.exit(__doc__)
     sys.exit(main(*sys.argv[1:]))
