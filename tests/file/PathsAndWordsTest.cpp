@@ -1,0 +1,62 @@
+#include "file/Paths.h"
+#include "file/Words.h"
+#include "support/CaseTable.h"
+#include "support/TempFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <functional>
+#include <map>
+#include <string>
+
+namespace quillon::file {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string trimmed(std::string text)
+{
+    trim(text);
+    return text;
+}
+
+std::string yesOrNo(bool isTrue)
+{
+    return isTrue ? "yes" : "no";
+}
+
+/// A path of the table, in which "." in front is the current folder.
+std::string here(std::string path)
+{
+    return path.starts_with('.') ? path.replace(0, 1, tests::utf8Name(fs::current_path())) : path;
+}
+
+TEST(PathsAndWords, AreJudgedAndChangedAsTheTableSays)
+{
+    const std::map<std::string, std::function<std::string(const std::string&, const std::string&)>> functions{
+        {"absolute", [](auto& path, auto&) { return yesOrNo(isAbsolutePath(path)); }},
+        {"join", joinPath},
+        {"full", [](auto& base, auto& name) { return absolutePath(here(base), name); }},
+        {"folder", [](auto& path, auto&) { return getFolder(path); }},
+        {"trim", [](auto& text, auto&) { return trimmed(text); }},
+        {"on", [](auto& word, auto&) { return yesOrNo(isBoolWord(tests::wideName(word), true)); }},
+        {"off", [](auto& word, auto&) { return yesOrNo(isBoolWord(tests::wideName(word), false)); }},
+    };
+    for (const tests::CaseRow& row : tests::readCaseTable("file/paths-and-words.txt")) {
+        std::string answer = row[3] == "as the system" ? yesOrNo(fs::path("/x").is_absolute()) : here(row[3]);
+        std::ranges::replace(answer, '^', static_cast<char>(fs::path::preferred_separator));
+        EXPECT_EQ(functions.at(row[0])(row[1], row[2]), answer) << row[0] << ' ' << row[1] << ' ' << row[2];
+    }
+}
+
+TEST(TrimOfWideText, TakesWhiteSpaceFromBothEnds)
+{
+    std::wstring wide = L"\t \u00E4 b\r\n";
+    trim(wide);
+    EXPECT_EQ(wide, L"\u00E4 b");
+}
+
+} // namespace
+} // namespace quillon::file
