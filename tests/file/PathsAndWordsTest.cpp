@@ -16,12 +16,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::string trimmed(std::string text)
-{
-    trim(text);
-    return text;
-}
-
 std::string yesOrNo(bool isTrue)
 {
     return isTrue ? "yes" : "no";
@@ -40,7 +34,6 @@ TEST(PathsAndWords, AreJudgedAndChangedAsTheTableSays)
         {"join", joinPath},
         {"full", [](auto& base, auto& name) { return absolutePath(here(base), name); }},
         {"folder", [](auto& path, auto&) { return getFolder(path); }},
-        {"trim", [](auto& text, auto&) { return trimmed(text); }},
         {"on", [](auto& word, auto&) { return yesOrNo(isBoolWord(tests::wideName(word), true)); }},
         {"off", [](auto& word, auto&) { return yesOrNo(isBoolWord(tests::wideName(word), false)); }},
     };
@@ -49,13 +42,6 @@ TEST(PathsAndWords, AreJudgedAndChangedAsTheTableSays)
         std::ranges::replace(answer, '^', static_cast<char>(fs::path::preferred_separator));
         EXPECT_EQ(functions.at(row[0])(row[1], row[2]), answer) << row[0] << ' ' << row[1] << ' ' << row[2];
     }
-}
-
-TEST(TrimOfWideText, TakesWhiteSpaceFromBothEnds)
-{
-    std::wstring wide = L"\t \u00E4 b\r\n";
-    trim(wide);
-    EXPECT_EQ(wide, L"\u00E4 b");
 }
 
 } // namespace

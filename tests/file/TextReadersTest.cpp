@@ -56,17 +56,6 @@ TYPED_TEST(TextReaders, ReadTheLinesBehindTheMarkAsOftenAsAsked)
     }
 }
 
-TYPED_TEST(TextReaders, ReadAllGivesAllBehindTheMarkWhereverTheReaderStood)
-{
-    ASSERT_EQ(this->m_reader.open(this->write("\xEF\xBB\xBF\n\n"), 0), err::ResultCode{});
-    std::string line;
-    EXPECT_TRUE(this->m_reader.readLine(line));
-    for (int i = 0; i < 2; ++i) {
-        EXPECT_EQ(this->m_reader.readAll(), "\n\n");
-        EXPECT_FALSE(this->m_reader.readLine(line));
-    }
-}
-
 TYPED_TEST(TextReaders, RefuseToOpenWithTheReason)
 {
     TypeParam& reader = this->m_reader;
@@ -86,7 +75,7 @@ TYPED_TEST(TextReaders, RefuseToOpenWithTheReason)
     EXPECT_EQ(reader.getBomKind(), this->kDecodes ? io::EBomKind::Utf8 : io::EBomKind::None);
 }
 
-TYPED_TEST(TextReaders, AClosedReaderSaysSo)
+TYPED_TEST(TextReaders, SayWhenTheyAreClosedAndForgetItAtTheNextClose)
 {
     const err::ResultCode isClosed{5, 104};
     std::string line = "kept";
@@ -97,18 +86,6 @@ TYPED_TEST(TextReaders, AClosedReaderSaysSo)
     EXPECT_EQ(this->m_reader.getLastError(), err::ResultCode{});
     EXPECT_EQ(this->m_reader.readAll(), "");
     EXPECT_EQ(this->m_reader.getLastError(), isClosed);
-    EXPECT_EQ(this->m_reader.rewind(), isClosed);
-}
-
-TEST(Utf8FileReader, ReadAllCutsEachLineOrPieceOfOneAtAZero)
-{
-    const tests::TempFolder folder;
-    const std::string piece(1023, 'x');
-    const std::string cut("\0lost", 5);
-    Utf8FileReader reader;
-    ASSERT_EQ(reader.open(tests::utf8Name(folder.write("t", "ab" + cut + "\nef\n" + piece + cut)), 1),
-              err::ResultCode{});
-    EXPECT_EQ(reader.readAll(), "abef\n" + piece);
 }
 
 } // namespace
