@@ -30,10 +30,7 @@ public:
         pairs.push_back(key + '=' + value);
         return onPair();
     }
-    err::ResultCode setValue(const std::string& key, const std::string& value) override
-    {
-        return setValue(key, value, {});
-    }
+    err::ResultCode setValue(const std::string& /*key*/, const std::string& /*value*/) override { return {}; }
     err::ResultCode removeValue(const std::string& /*key*/) override { return {}; }
     err::ResultCode clearValues() override { return {}; }
 

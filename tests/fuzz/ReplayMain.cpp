@@ -42,11 +42,11 @@ void feedVariants(const std::string& seed)
 void feedHuge(const std::string& seed, std::size_t size)
 {
     const std::size_t lineFeed = seed.find('\n');
-    const bool hasRest = lineFeed != std::string::npos && lineFeed + 1 < seed.size();
-    std::string huge = hasRest ? seed.substr(0, lineFeed) : std::string();
+    std::string huge = seed.substr(0, lineFeed);
     huge.reserve(size + seed.size());
+    // What follows npos is 0: a seed without a line feed comes whole each time.
     while (huge.size() < size)
-        huge.append(seed, hasRest ? lineFeed + 1 : 0);
+        huge.append(seed, lineFeed + 1);
     feed(huge);
 }
 

@@ -58,10 +58,10 @@ protected:
 
 TEST_F(TranslationFile, SaysTheSameAheadOfAndBehindOtherEntries)
 {
+    const std::string good = "\n@begin @context * @src good @tr t @end\n";
     for (const tests::CaseRow& row : tests::readCaseTable("i18n/entries.txt")) {
-        const std::string good = "\n@begin @context * @src good @tr t @end\n";
-        EXPECT_TRUE(load(row[0]) == row[1]) << row[0].substr(0, 200);
-        EXPECT_TRUE(load(row[0] + good + row[0]) == row[1] + "[*/good/t]" + row[1]) << row[0].substr(0, 200);
+        EXPECT_EQ(load(row[0]), row[1]);
+        EXPECT_EQ(load(row[0] + good + row[0]), row[1] + "[*/good/t]" + row[1]);
     }
 }
 
@@ -76,16 +76,15 @@ TEST_F(TranslationFile, ReadsIncludesOnceAndOnlyAheadOfTheEntries)
 
 TEST_F(TranslationFile, LosesNoEntryBehindADamagedOne)
 {
-    const std::string good = "@begin @context c @src good@tr t @end\n";
-    const std::string other = "@include \"x\"\n#c\n@begin @context c @src a\\n@b@tr \"t\" @end\n";
+    const std::string entry = "@include \"x\"\n#c\n@begin @context c @src a\\n@b @tr \"t\" @end\n";
     std::mt19937 random(1);
     std::string content;
     for (int i = 0; i < 1000; ++i) {
-        std::string bad = other + good;
+        std::string bad = entry;
         bad[random() % bad.size()] = static_cast<char>(random());
         bad.insert(random() % bad.size(), bad, random() % bad.size());
         // An include or a comment may still be open, or an escape.
-        content += bad.substr(0, random() % bad.size()) + "x\"\n" + "@begin @context * @src good@tr t @end\n";
+        content += bad.substr(0, random() % bad.size()) + "x\"\n@begin @context * @src good @tr t @end\n";
     }
     m_folder.write("f", content);
     EXPECT_EQ(std::ranges::count(itemsOf("f"), "*/good/t"), 1000);
@@ -97,8 +96,8 @@ TEST_F(TranslationFile, MayBeAPropertiesFileOrNoneAtAll)
     EXPECT_EQ(tests::inBrackets(itemsOf("p", kTranslationProperties)), "[/Open file/\u00D6ffnen\n][/b/c]");
     EXPECT_EQ(tests::inBrackets(itemsOf("p", kTranslationDll)), "");
     for (const unsigned kind : {kTranslationProperties, kTranslationTranslations}) {
-        itemsOf("none", kind, {5, 41});
-        itemsOf(".", kind, {5, 41});
+        for (const char* missing : {"none", "."})
+            itemsOf(missing, kind, {5, 41});
     }
     itemsOf(" ", kTranslationTranslations, {5, 40});
     EXPECT_EQ(LocaleResLoaderFactory<char>().create(nullptr, kTranslationProperties),

@@ -25,7 +25,7 @@ TEST(TranslationListLoaderXml, ReadsTheListOrTellsWhyThereIsNone)
         for (const auto& each : list)
             rows.push_back(std::to_string(each.type) + '/' + each.displayName + '/' + each.language + '/' +
                            each.country + '/' + each.file + '/' + each.description);
-        EXPECT_TRUE(tests::inBrackets(rows) == row[2]) << row[0].substr(0, 200);
+        EXPECT_EQ(tests::inBrackets(rows), row[2]) << row[0].substr(0, 200);
     }
     EXPECT_EQ(loader.load("any", tests::utf8Name(folder.file("none"))), (err::ResultCode{5, 41}));
     EXPECT_EQ(TranslationListLoaderFactory<char>().create(nullptr), (err::ResultCode{5, 6}));
