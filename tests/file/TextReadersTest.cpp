@@ -56,7 +56,7 @@ TYPED_TEST(TextReaders, ReadTheLinesBehindTheMarkAsOftenAsAsked)
     }
 }
 
-TYPED_TEST(TextReaders, RefuseToOpenWithTheReason)
+TYPED_TEST(TextReaders, RefuseToOpenAndToReadWithTheReason)
 {
     TypeParam& reader = this->m_reader;
     const std::string folder = tests::utf8Name(this->m_folder.path());
@@ -67,25 +67,20 @@ TYPED_TEST(TextReaders, RefuseToOpenWithTheReason)
         EXPECT_EQ(detectBom(path, kind), reason) << path;
         EXPECT_EQ(kind, io::EBomKind::None) << path;
     }
-    EXPECT_FALSE(reader.isOpen());
+    std::string line = "kept";
+    EXPECT_FALSE(reader.readLine(line));
+    EXPECT_EQ(line, "kept");
+    EXPECT_EQ(reader.getLastError(), (err::ResultCode{5, 104}));
+    reader.close();
+    EXPECT_EQ(reader.getLastError(), err::ResultCode{});
+    EXPECT_EQ(reader.readAll(), "");
+    EXPECT_EQ(reader.getLastError(), (err::ResultCode{5, 104}));
     const std::string path = this->write("\xEF\xBB\xBFx");
     ASSERT_EQ(reader.open(path, 1), err::ResultCode{});
+    EXPECT_EQ(reader.getLastError(), err::ResultCode{});
     EXPECT_EQ(reader.open("", 1), (err::ResultCode{5, 54}));
     EXPECT_EQ(reader.getFileName(), path);
     EXPECT_EQ(reader.getBomKind(), this->kDecodes ? io::EBomKind::Utf8 : io::EBomKind::None);
-}
-
-TYPED_TEST(TextReaders, SayWhenTheyAreClosedAndForgetItAtTheNextClose)
-{
-    const err::ResultCode isClosed{5, 104};
-    std::string line = "kept";
-    EXPECT_FALSE(this->m_reader.readLine(line));
-    EXPECT_EQ(line, "kept");
-    EXPECT_EQ(this->m_reader.getLastError(), isClosed);
-    this->m_reader.close();
-    EXPECT_EQ(this->m_reader.getLastError(), err::ResultCode{});
-    EXPECT_EQ(this->m_reader.readAll(), "");
-    EXPECT_EQ(this->m_reader.getLastError(), isClosed);
 }
 
 } // namespace
