@@ -1,8 +1,9 @@
 #pragma once
 
 #include "shell/ShellLibrary.h"
+#include "support/PrintResultCode.h"
 
-#include <stdexcept>
+#include <gtest/gtest.h>
 
 namespace quillon::tests {
 
@@ -11,12 +12,9 @@ inline constexpr const wchar_t* kId = L"{00000000-TEST-4000-8000-000000000000}";
 /// The library that the build made, bound as the program binds it.
 inline const ShellLibrary& helper()
 {
-    static const ShellLibrary library = [] {
-        ShellLibrary loaded;
-        if (!err::succeeded(loadShellLibrary(KESTRUM_SHELL_HELPER, loaded)))
-            throw std::runtime_error("the helper library cannot be loaded");
-        return loaded;
-    }();
+    static ShellLibrary library;
+    static const err::ResultCode loaded = loadShellLibrary(KESTRUM_SHELL_HELPER, library);
+    EXPECT_EQ(loaded, err::ResultCode());
     return library;
 }
 

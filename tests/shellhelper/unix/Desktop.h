@@ -2,20 +2,16 @@
 
 #include "platform/Process.h"
 #include "shellhelper/HelperLibrary.h"
-#include "support/PrintResultCode.h"
 #include "support/TempFolder.h"
 #include "text/Unicode.h"
 
-#include <gtest/gtest.h>
-
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
 #include <iterator>
 #include <map>
-#include <string>
 
 namespace quillon::tests {
+
+inline constexpr err::ResultCode kSuccess;
 
 /// A user with a home of the test's own and the file managers that the test puts into the search path.
 class Desktop : public testing::Test
@@ -23,21 +19,20 @@ class Desktop : public testing::Test
 protected:
     Desktop()
     {
-        const std::pair<const char*, const char*> folders[] = {{"HOME", ""},
-                                                               {"XDG_DATA_HOME", "data"},
-                                                               {"XDG_CONFIG_HOME", "config"},
-                                                               {"XDG_CONFIG_DIRS", "etc"},
-                                                               {"PATH", "bin"}};
+        const char* const folders[][2] = {{"HOME", ""},
+                                          {"XDG_DATA_HOME", "data"},
+                                          {"XDG_CONFIG_HOME", "config"},
+                                          {"XDG_CONFIG_DIRS", "etc"},
+                                          {"PATH", "bin"}};
         for (const auto& [variable, name] : folders)
             setenv(variable, path(name).c_str(), 1);
         std::filesystem::create_directories(path("bin"));
     }
 
-    void install(std::initializer_list<const char*> programs) const
+    void install(std::initializer_list<std::string> programs) const
     {
-        for (const char* program : programs)
-            std::filesystem::permissions(write("bin/" + std::string(program), ""),
-                                         std::filesystem::perms::owner_all);
+        for (const std::string& program : programs)
+            std::filesystem::permissions(write("bin/" + program, ""), std::filesystem::perms::owner_all);
     }
 
     [[nodiscard]] std::filesystem::path path(const std::string& name) const { return m_home.file(name); }
