@@ -46,6 +46,8 @@ TEST_F(StrBundleTrMgrTest, FindsTheTextOfTheNearestContext)
     const auto textOf = [](const std::string& cell) { return cell == "null" ? nullptr : cell.c_str(); };
     for (const tests::CaseRow& row : tests::readCaseTable("i18n/lookups.txt"))
         EXPECT_EQ(m_manager.getString(textOf(row[0]), textOf(row[1])), row[2]) << row[0] << ' ' << row[1];
+    constexpr const char* kNone = nullptr;
+    EXPECT_TRUE(ItemNameCmp()(kNone, "") && !ItemNameCmp()("", kNone) && !ItemNameCmp()(kNone, kNone));
 }
 
 TEST_F(StrBundleTrMgrTest, ReplacesOneLanguageByAnother)
@@ -54,7 +56,7 @@ TEST_F(StrBundleTrMgrTest, ReplacesOneLanguageByAnother)
         if (!row[3].empty())
             m_folder.write(row[3], "@begin@context*@src Open@tr New@end");
         EXPECT_EQ(loadAndOpen(row[0].c_str(), row[1].c_str(), row[2] == "forced"), row[4]) << row[0];
-        EXPECT_EQ(m_manager.getItemCount(), row[4] == "Open" ? 0U : row[4] == "Any" ? 7U : 1U);
+        EXPECT_EQ(m_manager.getItemCount(), row[4] == "Open" ? 0U : row[4] == "Any" ? 8U : 1U);
     }
     EXPECT_EQ(m_manager.getLanguage() + m_manager.getCountry(), "deFR");
 }
@@ -81,7 +83,6 @@ TEST_F(StrBundleTrMgrTest, TellsWhyThereIsNoList)
 {
     m_folder.write("kestrum.langs.xml", "<");
     EXPECT_EQ(m_manager.loadTranslation("fr", "FR", true), (err::ResultCode{5, 22112}));
-    EXPECT_EQ(m_manager.getLanguage(), "fr");
     std::filesystem::remove(m_folder.file("kestrum.langs.xml"));
     EXPECT_EQ(m_manager.loadTranslation("de", "DE", true), (err::ResultCode{5, 41}));
     EXPECT_EQ(m_manager.getLanguage(), "de");
@@ -109,7 +110,7 @@ TEST_F(StrBundleTrMgrTest, AnswersLookupsDuringLoads)
         while (!isOver) {
             m_manager.getTranslation(entry, m_manager.getTranslationCount() - 1);
             const std::string text = m_manager.getString("x", "Open");
-            strange += (text != "Open" && text != "Any" && text != "Ouvrir") || m_manager.getItemCount() > 7;
+            strange += (text != "Open" && text != "Any" && text != "Ouvrir") || m_manager.getItemCount() > 8;
         }
     });
     for (int i = 0; i < 100; ++i)
