@@ -1,10 +1,8 @@
 #include "shellhelper/HelperLibrary.h"
-#include "support/PrintResultCode.h"
 #include "support/TempFolder.h"
 
 #include <windows.h>
 
-#include <gtest/gtest.h>
 #include <objbase.h>
 #include <shlobj.h>
 
@@ -19,15 +17,21 @@ constexpr err::ResultCode kSuccess;
 constexpr const wchar_t* kType = L".kestrum-test";
 const std::wstring kTypeKey = std::wstring(L"Software\\Classes\\") + kType;
 const std::wstring kVerbKey = kTypeKey + L"\\shell\\" + kId;
+const std::wstring kOtherKey = kTypeKey + L"\\shell\\other";
 
 /// The default value of a key, or a word that no test writes where there is none.
 std::wstring value(const std::wstring& key)
 {
     wchar_t text[256] = {};
     DWORD bytes = sizeof text;
-    const LSTATUS status =
-        RegGetValueW(HKEY_CURRENT_USER, key.c_str(), nullptr, RRF_RT_REG_SZ, nullptr, text, &bytes);
-    return status == ERROR_SUCCESS ? text : L"(none)";
+    const bool isThere = RegGetValueW(HKEY_CURRENT_USER, key.c_str(), nullptr, RRF_RT_REG_SZ, nullptr, text,
+                                      &bytes) == ERROR_SUCCESS;
+    return isThere ? text : L"(none)";
+}
+
+err::ResultCode create(const wchar_t* text, const wchar_t* command)
+{
+    return asResult(helper().createShellContextMenuForUserT(kType, text, command, kId));
 }
 
 err::ResultCode remove()
@@ -43,34 +47,28 @@ err::ResultCode exists()
 TEST(ContextMenu, IsAVerbOfTheUserUntilItIsRemoved)
 {
     EXPECT_EQ(exists(), systemError(ERROR_FILE_NOT_FOUND));
-    for (const wchar_t* word : {L"first", L"\u0412 \"%L\""}) {
-        const std::wstring command = std::wstring(L"do ") + word;
-        EXPECT_EQ(asResult(helper().createShellContextMenuForUserT(kType, word, command.c_str(), kId)),
-                  kSuccess);
-        EXPECT_EQ(exists(), kSuccess);
-        EXPECT_EQ(value(kVerbKey), word);
-        EXPECT_EQ(value(kVerbKey + L"\\command"), command);
-    }
-    const std::wstring other = kTypeKey + L"\\shell\\other";
-    ASSERT_EQ(RegSetKeyValueW(HKEY_CURRENT_USER, other.c_str(), nullptr, REG_SZ, L"x", 4), ERROR_SUCCESS);
+    EXPECT_EQ(create(L"first", L"do first"), kSuccess);
+    EXPECT_EQ(create(L"\u0412 \"%L\"", L"do"), kSuccess);
+    EXPECT_EQ(exists(), kSuccess);
+    EXPECT_EQ(value(kVerbKey), L"\u0412 \"%L\"");
+    EXPECT_EQ(value(kVerbKey + L"\\command"), L"do");
+    RegSetKeyValueW(HKEY_CURRENT_USER, kOtherKey.c_str(), nullptr, REG_SZ, L"x", 4);
     EXPECT_EQ(remove(), kSuccess);
     EXPECT_EQ(exists(), systemError(ERROR_FILE_NOT_FOUND));
-    EXPECT_EQ(value(other), L"x") << "the verb of another program";
-    EXPECT_EQ(RegDeleteTreeW(HKEY_CURRENT_USER, other.c_str()), ERROR_SUCCESS);
-    EXPECT_EQ(asResult(helper().createShellContextMenuForUserT(kType, L"text", L"command", kId)), kSuccess);
+    EXPECT_EQ(value(kOtherKey), L"x") << "the verb of another program";
+    RegDeleteTreeW(HKEY_CURRENT_USER, kOtherKey.c_str());
+    EXPECT_EQ(create(L"text", L"command"), kSuccess);
     EXPECT_EQ(remove(), kSuccess);
     EXPECT_EQ(remove(), kSuccess);
-    HKEY key = nullptr;
-    EXPECT_EQ(RegOpenKeyExW(HKEY_CURRENT_USER, kTypeKey.c_str(), 0, KEY_READ, &key), ERROR_FILE_NOT_FOUND);
+    EXPECT_EQ(RegDeleteKeyW(HKEY_CURRENT_USER, kTypeKey.c_str()), ERROR_FILE_NOT_FOUND) << "is left behind";
 }
 
 TEST(ContextMenu, RefusesTextsThatWouldLeadElsewhere)
 {
-    const err::ResultCode invalid{err::kGroupProgram, 5};
-    EXPECT_EQ(asResult(helper().removeShellContextMenuForUser("*", "text", "..\\id")), invalid);
-    EXPECT_EQ(asResult(helper().removeShellContextMenuForUser(nullptr, "text", "id")), invalid);
-    EXPECT_EQ(asResult(helper().removeShellContextMenuForUser("", "text", "id")),
-              systemError(ERROR_INVALID_PARAMETER));
+    const auto remove = helper().removeShellContextMenuForUser;
+    EXPECT_EQ(asResult(remove("*", "text", "..\\id")), err::programError(err::kInvalidArgument));
+    EXPECT_EQ(asResult(remove(nullptr, "text", "id")), err::programError(err::kInvalidArgument));
+    EXPECT_EQ(asResult(remove("", "text", "id")), systemError(ERROR_INVALID_PARAMETER));
 }
 
 TEST(ShellLink, NamesTheProgramAndTellsWhatItIs)
@@ -81,20 +79,17 @@ TEST(ShellLink, NamesTheProgramAndTellsWhatItIs)
     GetModuleFileNameW(nullptr, program, MAX_PATH);
     ASSERT_EQ(asResult(helper().createShellLinkW(program, L"Kestrum \u0436", path.c_str())), kSuccess);
 
-    ASSERT_TRUE(SUCCEEDED(CoInitialize(nullptr)));
+    ASSERT_EQ(CoInitialize(nullptr), S_OK);
     IShellLinkW* link = nullptr;
     IPersistFile* file = nullptr;
-    ASSERT_EQ(CoCreateInstance(CLSID_ShellLink, nullptr, CLSCTX_INPROC_SERVER, IID_IShellLinkW,
-                               reinterpret_cast<void**>(&link)),
-              S_OK);
-    ASSERT_EQ(link->QueryInterface(IID_IPersistFile, reinterpret_cast<void**>(&file)), S_OK);
+    ASSERT_EQ(CoCreateInstance(CLSID_ShellLink, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&link)), S_OK);
+    ASSERT_EQ(link->QueryInterface(IID_PPV_ARGS(&file)), S_OK);
     EXPECT_EQ(file->Load(path.c_str(), STGM_READ), S_OK);
-    wchar_t target[MAX_PATH] = {};
-    wchar_t description[MAX_PATH] = {};
-    EXPECT_EQ(link->GetPath(target, MAX_PATH, nullptr, 0), S_OK);
-    EXPECT_EQ(link->GetDescription(description, MAX_PATH), S_OK);
-    EXPECT_EQ(_wcsicmp(target, program), 0) << "another target";
-    EXPECT_EQ(std::wstring(description), L"Kestrum \u0436");
+    wchar_t text[MAX_PATH] = {};
+    EXPECT_EQ(link->GetPath(text, MAX_PATH, nullptr, 0), S_OK);
+    EXPECT_EQ(_wcsicmp(text, program), 0) << "another target";
+    EXPECT_EQ(link->GetDescription(text, MAX_PATH), S_OK);
+    EXPECT_EQ(std::wstring(text), L"Kestrum \u0436");
     file->Release();
     link->Release();
     CoUninitialize();
