@@ -19,7 +19,6 @@ namespace quillon::tests {
 namespace {
 
 constexpr err::ResultCode kSuccess;
-constexpr err::ResultCode kNotLoaded = err::programError(err::kLibraryNotLoaded);
 constexpr err::ResultCode kRecorded{1, 77};
 
 const std::wstring kId = text::wideFromUtf8(vars::kProductGuid);
@@ -39,6 +38,7 @@ protected:
     CShellIntegrationTest()
     {
         std::filesystem::remove_all(m_link);
+        std::filesystem::create_directories(m_link.parent_path());
         m_shell.init(); // finds no library beside the test program
     }
 
@@ -47,9 +47,8 @@ protected:
     void loadRecorder()
     {
         const std::string folder = KESTRUM_HELPERS "/recording/";
-        const std::string library = folder + platform::runtimeLibraryFileName("QxShellHelper");
         ASSERT_EQ(m_shell.load(text::wideFromUtf8(folder).c_str()), kSuccess);
-        ASSERT_EQ(platform::loadRuntimeLibrary(library, m_recorder), kSuccess);
+        m_recorder = platform::loadRuntimeLibrary(folder + platform::runtimeLibraryFileName("QxShellHelper"));
     }
 
     /// What the library was asked since the last question.
@@ -74,12 +73,6 @@ protected:
                platform::shellFileCommand(platform::programPath()) + L'|' + kId + L'\n';
     }
 
-    void makeLink() const
-    {
-        std::filesystem::create_directories(m_link.parent_path());
-        ASSERT_TRUE(std::ofstream(m_link));
-    }
-
     // No QFileInfo: to that a link's file on Windows is what the link points to.
     const QString m_linkName = platform::sendToLinkPath(vars::kProductName, vars::kProductGuid);
     const std::filesystem::path m_link = m_linkName.toStdU16String();
@@ -90,14 +83,13 @@ protected:
 TEST_F(CShellIntegrationTest, MakesNothingWithoutTheWholeLibraryButTakesTheLinkAway)
 {
     EXPECT_EQ(m_shell.load(nullptr), err::programError(err::kInvalidArgument));
-    for (const std::wstring kind : {L"/missing", L"/lacking"})
-        EXPECT_EQ(m_shell.load((text::wideFromUtf8(KESTRUM_HELPERS) + kind).c_str()).group, err::kGroupSystem)
-            << text::utf8FromWide(kind);
+    for (const char* folder : {KESTRUM_HELPERS "/missing", KESTRUM_HELPERS "/lacking"})
+        EXPECT_EQ(m_shell.load(text::wideFromUtf8(folder).c_str()).group, err::kGroupSystem) << folder;
     EXPECT_EQ(m_shell.removeContextMenu(), kSuccess);
-    EXPECT_EQ(m_shell.createContextMenu(), kNotLoaded);
+    EXPECT_EQ(m_shell.createContextMenu(), err::programError(err::kLibraryNotLoaded));
     m_shell.renewContextMenu();
-    EXPECT_EQ(m_shell.createSendToLink(), kNotLoaded);
-    makeLink();
+    EXPECT_EQ(m_shell.createSendToLink(), err::programError(err::kLibraryNotLoaded));
+    std::ofstream(m_link).close();
     EXPECT_EQ(m_shell.createSendToLink(), kSuccess); // it is there
     EXPECT_EQ(m_shell.removeSendToLink(), kSuccess);
     EXPECT_FALSE(std::filesystem::exists(m_link));
@@ -130,7 +122,7 @@ TEST_F(CShellIntegrationTest, MakesTheLinkWhereNoFileIsAndSparesAFolder)
                               L"|Kestrum|" + m_linkName.toStdWString() + L'\n';
     EXPECT_EQ(m_shell.createSendToLink(), kRecorded);
     EXPECT_EQ(calls(), link);
-    makeLink();
+    std::ofstream(m_link).close();
     EXPECT_EQ(m_shell.createSendToLink(), kSuccess);
     EXPECT_EQ(calls(), L"");
     ASSERT_TRUE(std::filesystem::remove(m_link) && std::filesystem::create_directory(m_link));
