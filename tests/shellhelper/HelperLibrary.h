@@ -23,4 +23,19 @@ inline err::ResultCode asResult(const QxShellResult& result)
     return {result.group, result.code};
 }
 
+inline err::ResultCode create(const wchar_t* type, const std::wstring& text, const std::wstring& command)
+{
+    return asResult(helper().createShellContextMenuForUserT(type, text.c_str(), command.c_str(), kId));
+}
+
+inline err::ResultCode remove(const wchar_t* type)
+{
+    return asResult(helper().removeShellContextMenuForUserT(type, L"any text", kId));
+}
+
+inline err::ResultCode exists(const wchar_t* type)
+{
+    return asResult(helper().existsShellContextMenuForUserT(type, L"any text", kId));
+}
+
 } // namespace quillon::tests
