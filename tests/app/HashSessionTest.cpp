@@ -13,7 +13,10 @@
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QThread>
 #include <QToolBar>
+
+#include <random>
 
 namespace quillon::tests {
 namespace {
@@ -26,7 +29,6 @@ class HashSession : public MainWindowTest
 {
 protected:
     const QString file = write("abc.bin", "abc");
-    const QString plainCaption = "Calculated hash for the file";
 };
 
 TEST_F(HashSession, TakesAlgorithmFileAndContentsAsTheyAreAtItsStart)
@@ -89,18 +91,48 @@ TEST_F(HashSession, AStartRightAfterARunTellsTheEndOfThatRunFirstAndShowsNoOther
     EXPECT_EQ(shown.count(kHexOfAbc), shown.size()) << shown.join(' ').toStdString();
 }
 
+TEST_F(HashSession, StoppedAtRandomMomentsShowsTheRightDigestOrNone)
+{
+    constexpr int kCycles = 300;
+    const std::string bytes = blocksOfBytes(128);
+    const std::string digested = sha256Result(bytes);
+    MainWindowDriver driver({write("blocks", bytes)});
+    std::mt19937 random(20260119);
+    unsigned longestMomentUs = 1000;
+    int stopped = 0;
+    for (int cycle = 1; cycle <= kCycles; ++cycle) {
+        driver.press(Qt::Key_F5);
+        // The stop's random moment, from before the worker has begun to after it has ended; half of the stops
+        // come while the window knows nothing of the start yet.
+        if (cycle % 2 == 0)
+            QCoreApplication::processEvents();
+        QThread::usleep(random() % longestMomentUs);
+        driver.press(Qt::Key_F8);
+        ASSERT_TRUE(driver.waitForEnd(cycle)) << "cycle " << cycle;
+        const bool isStopped = driver.result() == errorResult("Hash calculation was canceled");
+        ASSERT_TRUE(isStopped || driver.result() == digested) << "cycle " << cycle << ": " << driver.result();
+        stopped += isStopped ? 1 : 0;
+        // Fast or slow, the machine sees runs that are stopped and runs that are not.
+        longestMomentUs += isStopped ? longestMomentUs / 4 : -(longestMomentUs / 8);
+    }
+    EXPECT_GT(stopped, kCycles / 50) << "hardly any stop came in time";
+    EXPECT_LT(stopped, kCycles - kCycles / 50) << "hardly any run was left to its end";
+}
+
 TEST_F(HashSession, CopiesTheDigestAtItsEndAsTheSettingSaysAndByButtonAndMenu)
 {
     MainWindowDriver driver({file});
     QClipboard& clipboard = *QGuiApplication::clipboard();
+    const std::function<void()> ways[]{
+        [&] { driver.click("buttonCopyHashHex"); },
+        [&] { driver.click("buttonCopyHashBase64"); },
+        [&] { driver.chooseFromMenu("actionHash_copyBase64Hash"); },
+        [&] { driver.chooseFromMenu("actionHash_copyHexHash"); },
+    };
     const auto copyInEveryWay = [&] {
         QString copied;
-        for (const char* button : {"buttonCopyHashHex", "buttonCopyHashBase64"}) {
-            driver.click(button);
-            copied += clipboard.text() + ' ';
-        }
-        for (const char* action : {"actionHash_copyBase64Hash", "actionHash_copyHexHash"}) {
-            driver.chooseFromMenu(action);
+        for (const std::function<void()>& copy : ways) {
+            copy();
             copied += clipboard.text() + ' ';
         }
         return copied;
