@@ -23,7 +23,7 @@ protected:
         const DialogAnswer answer([&](QDialog& dialog) {
             title = dialog.windowTitle();
             auto* const edit = dialog.findChild<QLineEdit*>("fileNameEdit");
-            typeInto(*edit, name);
+            edit->setText(name);
             QTest::keyClick(edit, name.isEmpty() ? Qt::Key_Escape : Qt::Key_Return);
         });
         way();
@@ -147,7 +147,7 @@ TEST_F(FileInput, ThatIsMissingReddensWhatComesAfterIt)
     for (const auto& [name, text] : {std::pair{"gone", "#000000 File not found"},
                                      {"gone too", "#ff0000 File not found"},
                                      {"first.bin", "#000000 File size: 3B"}}) {
-        driver.child<QLineEdit>("lineEditInput").setText(nameOf(name));
+        driver.type(nameOf(name));
         QTextCursor cursor(driver.child<QTextEdit>("textEditInputFileDetails").document());
         cursor.movePosition(QTextCursor::NextCharacter, QTextCursor::KeepAnchor);
         const QString colour = cursor.charFormat().foreground().color().name();

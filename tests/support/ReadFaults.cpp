@@ -60,12 +60,6 @@ void ReadFaults::holdFrom(unsigned number)
     heldFrom.notify_all();
 }
 
-void ReadFaults::fail(unsigned number, int code)
-{
-    error = code;
-    failAt = number;
-}
-
 } // namespace quillon::tests
 
 extern "C" ssize_t read(int descriptor, void* buffer, size_t count)

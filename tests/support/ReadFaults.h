@@ -25,16 +25,13 @@ public:
     void holdFrom(unsigned number);
     void release() { holdFrom(0); }
 
-    /// Read number `number` fails with the system error `code`.
-    void fail(unsigned number, int code);
-
     // Static, as a worker may be in the middle of a read when the program ends.
     static inline std::atomic<unsigned> delayMs; ///< which every further read takes longer
     static inline std::atomic<unsigned> reads;   ///< made so far
     static inline std::atomic<unsigned> holds;   ///< that were held so far
     static inline std::atomic<unsigned> failAt;  ///< the read that is to fail; 0 once it has
+    static inline std::atomic<int> error;        ///< of the system, with which it fails
     static inline std::atomic<unsigned> heldFrom;
-    static inline std::atomic<int> error;
 };
 
 } // namespace quillon::tests
