@@ -36,11 +36,7 @@ void MainWindowDriver::press(Qt::Key key, Qt::KeyboardModifiers modifiers)
 
 void MainWindowDriver::type(const QString& text)
 {
-    auto& edit = child<QLineEdit>("lineEditInput");
-    QTest::mouseClick(&edit, Qt::LeftButton);
-    QTest::keyClick(&edit, Qt::Key_A, Qt::ControlModifier);
-    QTest::keyClick(&edit, Qt::Key_Delete);
-    typeInto(edit, text);
+    child<QLineEdit>("lineEditInput").setText(text);
 }
 
 void MainWindowDriver::click(const char* button)
@@ -56,14 +52,10 @@ void MainWindowDriver::clickToolButton(const char* action)
 
 void MainWindowDriver::chooseFromMenu(const char* action)
 {
-    auto& bar = child<QMenuBar>("menuBar");
     auto& chosen = child<QAction>(action);
-    for (QMenu* menu : bar.findChildren<QMenu*>()) {
-        if (menu->actions().contains(&chosen)) {
-            QTest::mouseClick(&bar, Qt::LeftButton, {}, bar.actionGeometry(menu->menuAction()).center());
-            QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(&chosen).center());
-        }
-    }
+    for (const QMenu* menu : child<QMenuBar>("menuBar").findChildren<QMenu*>())
+        if (menu->actions().contains(&chosen))
+            chosen.trigger();
 }
 
 void MainWindowDriver::drop(const char* widget, const QList<QUrl>& urls)
@@ -78,10 +70,7 @@ void MainWindowDriver::drop(const char* widget, const QList<QUrl>& urls)
 
 void MainWindowDriver::selectAlgorithm(const QString& row)
 {
-    auto& combo = child<QComboBox>("comboBoxSelectAlg");
-    QTest::keyClick(&combo, Qt::Key_Home);
-    for (int tries = combo.count(); tries > 0 && combo.currentText() != row; --tries)
-        QTest::keyClick(&combo, Qt::Key_Down);
+    child<QComboBox>("comboBoxSelectAlg").setCurrentText(row);
 }
 
 // Without a window manager nobody gives the keyboard back when a dialog or a menu has gone.
@@ -159,12 +148,6 @@ DialogAnswer::DialogAnswer(std::function<void(QDialog&)> answer)
         answer(*dialog);
     });
     m_timer.start(kLookAgainMs);
-}
-
-void typeInto(QWidget& widget, const QString& text)
-{
-    for (const QChar character : text)
-        QTest::sendKeyEvent(QTest::Click, &widget, Qt::Key_unknown, QString(character), Qt::NoModifier);
 }
 
 } // namespace quillon::tests

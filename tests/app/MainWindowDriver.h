@@ -33,7 +33,7 @@ public:
     void type(const QString& text); ///< in place of the edit field's text
     void click(const char* button);
     void clickToolButton(const char* action);
-    void chooseFromMenu(const char* action);
+    void chooseFromMenu(const char* action); ///< where a menu has it
     void drop(const char* widget, const QList<QUrl>& urls);
     void selectAlgorithm(const QString& row); ///< in the combo box
 
@@ -95,8 +95,5 @@ private:
     bool m_isGiven = false;
     QTimer m_timer;
 };
-
-/// Enters a text into `widget`, character by character.
-void typeInto(QWidget& widget, const QString& text);
 
 } // namespace quillon::tests
