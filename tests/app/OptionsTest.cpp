@@ -8,13 +8,16 @@
 #include "i18n_qt/MyTranslator.h"
 #include "logger/Log.h"
 #include "platform/qt/UserPlaces.h"
+#include "support/CaseTable.h"
 #include "support/UrlDesktop.h"
+#include "ui/CSelectAlgorithmDialog.h"
 #include "vars/Product.h"
 
 #include <QAction>
 #include <QFile>
 #include <QLabel>
 #include <QLibrary>
+#include <QListWidget>
 #include <QTableWidget>
 
 #include <filesystem>
@@ -47,9 +50,9 @@ Stored allStored()
 }
 
 /// Writes over `values` what `text` says, as in "Key=value;Key=value".
-void putInto(Stored& values, const QString& text)
+void putInto(Stored& values, const std::string& text)
 {
-    for (const QString& pair : text.split(';'))
+    for (const QString& pair : QString::fromStdString(text).split(';'))
         values[pair.section('=', 0, 0).toStdString()] = pair.section('=', 1).toStdString();
 }
 
@@ -57,12 +60,6 @@ QByteArray bytesOf(const QString& name)
 {
     QFile file(name);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-QStringList rowsOf(const char* table)
-{
-    const QString text = bytesOf(QString(KESTRUM_TEST_DATA "/app/") + table);
-    return text.split('\n', Qt::SkipEmptyParts).filter(QRegularExpression("^[^#]"));
 }
 
 /// The functions of the helper library that were called since the last question.
@@ -134,63 +131,49 @@ private:
 // What no control changes is stored as it was, each setting by itself.
 TEST_F(OptionsTest, ThatAreConfirmedOrAppliedAreStoredEachByItselfAndShownAgain)
 {
-    QStringList rows = rowsOf("options.txt");
-    ASSERT_GT(rows.size(), 1);
-    const QString defaults = rows.takeFirst();
-    for (const QString& row : rows) {
-        for (const char* button : {"buttonOk", "buttonApply"}) {
-            SCOPED_TRACE(row.toStdString() + ' ' + button);
-            const QStringList cells = row.split('|');
-            const QByteArray control = cells.at(0).toLatin1();
-            Stored expected;
-            putInto(expected, defaults);
+    std::string defaults;
+    for (const CaseRow& row : readCaseTable("app/options.txt")) {
+        if (row.size() == 1)
+            defaults = row[0];
+        for (int way = 0; row.size() > 1 && way < 2; ++way) {
+            SCOPED_TRACE(inBrackets(row));
+            const char* const control = row[0].c_str();
             CAppSettings().clear();
             CAppSettings().setValue("NetProxyType", 20); // has no control
-            if (control.startsWith("lineEdit")) {        // can be written in only in this mode
+            Stored expected;
+            putInto(expected, defaults);
+            if (row[0].starts_with("lineEdit")) { // can be written in only in this mode
                 CAppSettings().setValue("NetProxySelectType", 2);
                 expected["NetProxySelectType"] = "2";
             }
-            putInto(expected, cells.at(2));
+            putInto(expected, row[2]);
             loadStartLanguage();
-            {
-                MainWindowDriver driver;
-                useOptions(driver, button,
-                           [&](const OptionsUser& user) { user.enter(control, cells.at(1)); });
-            }
+            MainWindowDriver driver;
+            useOptions(driver, way == 0 ? "buttonOk" : "buttonApply",
+                       [&](const OptionsUser& user) { user.enter(control, row[1].c_str()); });
             EXPECT_EQ(allStored(), expected);
             loadStartLanguage();
             MainWindowDriver next;
-            useOptions(next, "buttonCancel", [&](const OptionsUser& user) {
-                EXPECT_EQ(user.shown(control), cells.at(3).toStdString());
-            });
+            useOptions(next, "buttonCancel",
+                       [&](const OptionsUser& user) { EXPECT_EQ(user.shown(control), row[3]); });
         }
     }
 }
 
 TEST_F(OptionsTest, OfBadSettingsShowTheirSubstitutesAndLeaveThemInTheStore)
 {
-    for (const QString& row : rowsOf("bad-options.txt")) {
-        SCOPED_TRACE(row.toStdString());
-        const QStringList cells = row.split('|');
+    for (const CaseRow& row : readCaseTable("app/bad-options.txt")) {
+        SCOPED_TRACE(inBrackets(row));
         CAppSettings().clear();
-        CAppSettings().setValue(cells.at(0), cells.at(1));
+        CAppSettings().setValue(row[0].c_str(), row[1].c_str());
         loadStartLanguage();
         MainWindowDriver driver;
-        useOptions(driver, "buttonCancel", [&](const OptionsUser& user) {
-            EXPECT_EQ(user.shown(cells.at(2).toLatin1()), cells.at(3).toStdString());
-        });
-        EXPECT_EQ(allStored(), (Stored{{cells.at(0).toStdString(), cells.at(1).toStdString()}}));
+        driver.window().setProxySelectType(web::EProxySelectType::Manual);
+        useOptions(driver, "buttonCancel",
+                   [&](const OptionsUser& user) { EXPECT_EQ(user.shown(row[2].c_str()), row[3]); });
+        EXPECT_EQ(allStored(), (Stored{{row[0], row[1]}}));
+        EXPECT_EQ(calculate(driver), "Calculate");
     }
-}
-
-TEST_F(OptionsTest, KeepTheProxysModeWhereABadOneIsStored)
-{
-    MainWindowDriver driver;
-    driver.window().setProxySelectType(web::EProxySelectType::Manual);
-    CAppSettings().setValue("NetProxySelectType", 3);
-    useOptions(driver, "buttonCancel", [](const OptionsUser& user) {
-        EXPECT_EQ(user.shown("comboBoxProxyConfigType"), "Manual proxy configuration");
-    });
 }
 
 TEST_F(OptionsTest, ThatAreConfirmedGovernTheWindowAndTheNextStart)
@@ -203,11 +186,12 @@ TEST_F(OptionsTest, ThatAreConfirmedGovernTheWindowAndTheNextStart)
             user.enter("comboBoxLanguage", "Deutsch");
             user.enter("comboBoxDefaultAlg", "MD5");
             user.enter("comboBoxLogLevel", "TRACE");
-            user.enter("checkBoxUseLogFile", {});
+            user.click("checkBoxUseLogFile");
             user.enter("comboBoxProxyConfigType", "Manual");
             user.enter("lineEditProxyPassword", "ex:ample word");
         });
         EXPECT_EQ(calculate(driver), "Berechnen");
+        EXPECT_EQ(driver.child<QLabel>("labelSelectAlg").text(), "Algorithmus:");
         EXPECT_TRUE(driver.details().startsWith("Dateigröße:")) << driver.details().toStdString();
         EXPECT_EQ(driver.window().windowTitle(), driver.window().getProductTitle());
         EXPECT_TRUE(driver.run());
@@ -222,7 +206,7 @@ TEST_F(OptionsTest, ThatAreConfirmedGovernTheWindowAndTheNextStart)
     EXPECT_FALSE(bytesOf(log).contains("ex:ample word"));
 }
 
-TEST_F(OptionsTest, ThatAreAppliedStayWhereTheDialogIsCancelledAfterwards)
+TEST_F(OptionsTest, ThatAreAppliedStayAndTheStoredLanguageComesIntoForceWhereAnotherIsCancelled)
 {
     MainWindowDriver driver;
     useOptions(driver, "buttonCancel", [](const OptionsUser& user) {
@@ -233,26 +217,20 @@ TEST_F(OptionsTest, ThatAreAppliedStayWhereTheDialogIsCancelledAfterwards)
         user.enter("comboBoxLogLevel", "TRACE");
     });
     EXPECT_EQ(calculate(driver), "Вычислить");
-    EXPECT_EQ(allStored()["LocaleId"], "1049");
-    EXPECT_EQ(allStored()["LogLevel"], "0");
-}
-
-TEST_F(OptionsTest, ThatAreCancelledWithAnotherLanguageShownBringTheStoredOneIntoForce)
-{
-    MainWindowDriver driver;
+    EXPECT_EQ(allStored()["LocaleId"] + ' ' + allStored()["LogLevel"], "1049 0");
     CAppSettings().setValue("LocaleId", kGerman); // by somebody else
     useOptions(driver, "buttonCancel",
-               [](const OptionsUser& user) { user.enter("comboBoxLanguage", "Русский"); });
+               [](const OptionsUser& user) { user.enter("comboBoxLanguage", "English"); });
     useOptions(driver, "buttonCancel", [](const OptionsUser& user) {
-        EXPECT_EQ(user.shown("labelLogLevel"), "Protokollstufe:");
-        EXPECT_EQ(user.shown("comboBoxLanguage"), "Deutsch");
+        EXPECT_EQ(user.shown("labelLogLevel") + user.shown("comboBoxLanguage"), "Protokollstufe:Deutsch");
     });
 }
 
 TEST_F(OptionsTest, OfTheDesktopActAtTheStartAndWhereOneOfTheTwoChanges)
 {
-    const std::string removal = "remove remove remove remove ";
-    const std::string creation = "create ";
+    const std::string remove = "removeShellContextMenuForUserT ";
+    const std::string removal = remove + remove + remove + remove;
+    const std::string creation = "createShellContextMenuForUserT ";
     const std::pair<const char*, std::string> changes[]{
         {"checkBoxUseLogFile", ""},
         {"checkBoxAddSendTo", removal + creation},
@@ -260,7 +238,7 @@ TEST_F(OptionsTest, OfTheDesktopActAtTheStartAndWhereOneOfTheTwoChanges)
     };
     takeHelperCalls();
     auto driver = std::make_unique<MainWindowDriver>();
-    EXPECT_EQ(takeHelperCalls(), removal + creation + "link ");
+    EXPECT_EQ(takeHelperCalls(), removal + creation + "createShellLinkW ");
     for (const auto& [control, calls] : changes) {
         useOptions(*driver, "buttonOk", [box = control](const OptionsUser& user) { user.click(box); });
         EXPECT_EQ(takeHelperCalls(), calls) << control;
@@ -289,26 +267,6 @@ struct Listener final : i18n::internal::ILocaleCallback<char>
 
 TEST_F(OptionsTest, OfTheLanguageChangeWithItsTextsItsStoredIdAndItsListenersOrNotAtAll)
 {
-    const char* const english = "en-US, en-US, Calculate, none";
-    const char* const german = "de-DE, de-DE, Berechnen, 1031";
-    const struct
-    {
-        const char* language;
-        const char* country;
-        std::string state; ///< the locale in force, the loaded one, a text, the stored id and what was heard
-    } changes[] = {
-        {"EN", "us", english},
-        {"en", "", english},
-        {"xx", "", english},
-        {"de", "XX", english},
-        {"", "", english},
-        {"pt", "", "pt-PT, pt-PT, Calcular, 2070, heard pt-PT 7"},
-        {"pt", "BR", "pt-BR, pt-BR, Calculate, 1046, heard pt-BR 7"},
-        {"nl", "", "nl-BE, nl-BE, Calculate, 2067, heard nl-BE 7"}, // the catalogue's first country
-        {"DE", "", std::string(german) + ", heard DE-DE 7"},
-        {"pt", "", german}, // the list cannot be read any more
-        {"pt", "", german},
-    };
     MainWindowDriver driver;
     CMainWindow& window = driver.window();
     const auto& texts = i18n::getStrBundleMgr();
@@ -316,33 +274,53 @@ TEST_F(OptionsTest, OfTheLanguageChangeWithItsTextsItsStoredIdAndItsListenersOrN
     Listener listener;
     static_cast<void>(window.addCallback(&window)); // would not end if it heard of its own changes
     static_cast<void>(window.addCallback(&listener));
-    for (const auto& [language, country, expected] : changes) {
-        if (expected == german)
+    for (const CaseRow& row : readCaseTable("app/language-changes.txt")) {
+        if (row.size() == 1) {
             QFile::rename(list, list + ".away");
-        window.onLocaleChanged(language, country, 7);
+            continue;
+        }
+        window.onLocaleChanged(row[0], row[1], 7);
         i18n::internal::Locale<char> locale;
         window.getLocale(locale);
         EXPECT_EQ(locale.localeName + ", " + texts.getLanguage() + '-' + texts.getCountry() + ", " +
                       window.getString("CMainWindow", "Calculate") + ", " +
                       CAppSettings().value("LocaleId", "none").toString().toStdString() +
                       std::exchange(listener.heard, {}),
-                  expected)
-            << language << '-' << country;
+                  row[2])
+            << inBrackets(row);
     }
     QFile::rename(list + ".away", list);
 }
 
 TEST_F(OptionsTest, AndTheLogLieInFoldersNamedAfterTheProduct)
 {
-    const MainWindowDriver driver;
-    const auto below = [](const char* names) {
-        return QDir::toNativeSeparators(platform::userDataFolder() + names);
-    };
-    EXPECT_EQ(CMainWindow::getCompanyDataPath(false), below("/Quillon.example"));
-    EXPECT_EQ(CMainWindow::getAppDataPath(21, 20, false), below("/Quillon.example/Kestrum"));
-    EXPECT_EQ(CMainWindow::getAppDataPath(20, 20, false), below("/Quillon.example/Kestrum/Kestrum"));
+    const QString data = QDir::toNativeSeparators(platform::userDataFolder() + "/Quillon.example");
+    EXPECT_EQ(CMainWindow::getCompanyDataPath(false), data);
+    for (const auto& [company, product, name] :
+         {std::tuple{21, 20, "/Kestrum"}, {20, 20, "/Kestrum/Kestrum"}})
+        EXPECT_EQ(CMainWindow::getAppDataPath(company, product, false),
+                  data + QDir::toNativeSeparators(name));
     EXPECT_EQ(CMainWindow::getAppDataPath(0, 21, false), QString()) << "an unknown product";
     EXPECT_TRUE(QDir(CMainWindow::getAppDataPath(0, 20, true)).exists());
+}
+
+TEST_F(OptionsTest, OfTheAlgorithmAreTheRowsOfTheTableInToolBarAndDialogs)
+{
+    MainWindowDriver driver;
+    CSelectAlgorithmDialog dialog;
+    dialog.setHashAlgProvider(&driver.window());
+    dialog.show();
+    auto& list = *dialog.findChild<QListWidget*>();
+    const auto& label = *dialog.findChild<QLabel*>("labelSelectAlg");
+    EXPECT_EQ(label.text(), "Algorithm: SHA-256");
+    QTest::keyClick(&list, Qt::Key_Down);
+    EXPECT_EQ(label.text(), "Algorithm: SHA-384");
+    EXPECT_FALSE(dialog.windowFlags().testFlag(Qt::WindowContextHelpButtonHint));
+    auto& toolBar = driver.child<QComboBox>("comboBoxSelectAlg");
+    std::vector<CaseRow> rows;
+    for (int row = 0; row < toolBar.count() && row < list.count(); ++row)
+        rows.push_back({toolBar.itemText(row).toStdString(), list.item(row)->text().toStdString()});
+    EXPECT_EQ(rows, readCaseTable("app/algorithm-list.txt"));
 }
 
 TEST_F(OptionsTest, HaveNamedFieldsAndPagesThatFillOnce)
@@ -390,11 +368,8 @@ TEST_F(OptionsTest, HaveLinksThatOpenTheirAddressesAndTheLogsFolderOnceThereIsOn
     EXPECT_EQ(desktop.opened.mid(3), expected << QUrl::fromLocalFile(logs));
 }
 
-TEST_F(OptionsTest, ChangeAThousandTimesInAnyOrderWhileRunsGoOnOthersLogAndWindowsClose)
+TEST_F(OptionsTest, ChangeOftenInAnyOrderWhileRunsGoOnOthersLogAndWindowsClose)
 {
-    constexpr int kChanges = 1000;
-    constexpr int kChangesPerWindow = 50;
-    constexpr int kLines = 4;
     const QString file = write("blocks", blocksOfBytes(16));
     std::mt19937 random(20261123);
     const int threads = threadCount();
@@ -402,13 +377,13 @@ TEST_F(OptionsTest, ChangeAThousandTimesInAnyOrderWhileRunsGoOnOthersLogAndWindo
         const std::array choices{values...};
         return choices.at(random() % choices.size());
     };
-    for (int change = 0; change < kChanges;) {
+    for (int window = 0; window < 10; ++window) {
         MainWindowDriver driver({file});
-        for (int step = 0; step < kChangesPerWindow; ++step, ++change) {
+        for (int change = 0; change < 25; ++change) {
             const SAppOptions options = optionsOf(oneOf(kEnglish, kGerman, kEnglish, kEnglish),
                                                   oneOf(0, 2, 5, 6), oneOf(true, false));
             const std::jthread other([&driver] {
-                for (int line = 0; line < kLines; ++line)
+                for (int line = 0; line < 4; ++line)
                     logLine(driver.window().getString("x", "Open"));
             });
             driver.window().onAppOptionsChanged(options);
@@ -420,23 +395,6 @@ TEST_F(OptionsTest, ChangeAThousandTimesInAnyOrderWhileRunsGoOnOthersLogAndWindo
         driver.window().close();
     }
     EXPECT_TRUE(waitFor([threads] { return threadCount() <= threads; }));
-}
-
-TEST_F(OptionsTest, OfFilesThatCannotBeReadAreTheDefaultsOfAUsableWindow)
-{
-    const QString store = CAppSettings().fileName();
-    for (const QByteArray& bytes : {QByteArray(), QByteArrayLiteral("[Gen\0eral\nLocaleId=\n=\n\xFF\xFE[[["),
-                                    QByteArray("LocaleId=1")}) {
-        QFile file(store);
-        ASSERT_TRUE(!store.endsWith(".conf") || file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-        file.close();
-        loadStartLanguage();
-        MainWindowDriver driver({write("letters", "abc")});
-        EXPECT_TRUE(driver.run());
-        EXPECT_EQ(driver.hex(), sha256Hex("abc"));
-        EXPECT_EQ(calculate(driver), "Calculate");
-    }
 }
 
 TEST_F(OptionsTest, OfTheLogHoldFromTheStartAndFromTheirChangeToTheWindowsEnd)

@@ -34,12 +34,12 @@ struct OptionsUser
     }
 
     /// Selects the row of a combo box that begins with `text`, writes it into a line edit, or clicks.
-    void enter(const char* name, const QString& text) const
+    void enter(const char* name, const char* text) const
     {
         auto& widget = reach(name);
         if (auto* const edit = qobject_cast<QLineEdit*>(&widget)) {
             edit->selectAll();
-            QTest::keyClicks(edit, text);
+            QTest::keyClicks(edit, QString(text));
         } else if (auto* const combo = qobject_cast<QComboBox*>(&widget)) {
             const int row = combo->findText(text, Qt::MatchStartsWith);
             QTest::keyClick(combo, row == combo->count() - 1 ? Qt::Key_End : Qt::Key_Home);

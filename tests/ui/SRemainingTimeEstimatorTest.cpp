@@ -1,50 +1,49 @@
 #include "ui/SRemainingTimeEstimator.h"
 
-#include "ui/Table.h"
+#include "support/CaseTable.h"
+
+#include <gtest/gtest.h>
 
 namespace quillon::tests {
 namespace {
 
-class RemainingTime : public testing::Test
+/// Whether it is known, then hours, minutes and seconds.
+std::string timeAt(SRemainingTimeEstimator& estimator, std::uint64_t pos, std::uint32_t tick)
 {
-protected:
-    QString at(std::uint64_t pos, std::uint32_t tick)
-    {
-        std::uint32_t hours = 99;
-        std::uint32_t minutes = 99;
-        std::uint32_t seconds = 99;
-        const bool isKnown = estimator.estimate(pos, tick, hours, minutes, seconds);
-        return QString(isKnown ? "%1:%2:%3" : "unknown %1:%2:%3").arg(hours).arg(minutes).arg(seconds);
-    }
+    std::uint32_t time[] = {99, 99, 99};
+    const bool isKnown = estimator.estimate(pos, tick, time[0], time[1], time[2]);
+    return (isKnown ? "" : "unknown ") + std::to_string(time[0]) + ':' + std::to_string(time[1]) + ':' +
+           std::to_string(time[2]);
+}
 
+TEST(RemainingTime, IsWhatTheTableSays)
+{
     SRemainingTimeEstimator estimator;
-};
-
-TEST_F(RemainingTime, IsWhatTheTableSays)
-{
-    for (const QString& line : tableLines("remaining-time.txt")) {
-        const QStringList row = line.split(" | ");
-        if (line == "reset")
+    for (const CaseRow& row : readCaseTable("ui/remaining-time.txt")) {
+        const auto number = [&row](std::size_t cell) { return std::stoull(row.at(cell)); };
+        if (row[0] == "reset")
             estimator.reset();
         else if (row[0] == "begin")
-            estimator.begin(row[1].toULongLong(), row[2].toUInt());
+            estimator.begin(number(1), static_cast<std::uint32_t>(number(2)));
         else if (row[0] == "tolerance")
-            estimator.tolerance = row[1].toDouble();
+            estimator.tolerance = std::stod(row[1]);
         else
-            EXPECT_EQ(at(row[0].toULongLong(), row[1].toUInt()), row[2]) << line.toStdString();
+            EXPECT_EQ(timeAt(estimator, number(0), static_cast<std::uint32_t>(number(1))), row[2])
+                << inBrackets(row);
     }
 }
 
-TEST_F(RemainingTime, FollowsTheLast1024IntervalsOnly)
+TEST(RemainingTime, FollowsTheLast1024IntervalsOnly)
 {
+    SRemainingTimeEstimator estimator;
     estimator.begin(1'000'000, 0);
     std::uint32_t tick = 0;
     std::uint64_t pos = 0;
     for (int slow = 0; slow < 1024; ++slow)
-        at(++pos, tick += 1'000);
+        timeAt(estimator, ++pos, tick += 1'000);
     for (int fast = 0; fast < 1023; ++fast)
-        at(pos += 100, tick += 100);
-    EXPECT_EQ(at(pos + 100, tick + 100), "0:14:56") << "896576 bytes at 1000 a second";
+        timeAt(estimator, pos += 100, tick += 100);
+    EXPECT_EQ(timeAt(estimator, pos + 100, tick + 100), "0:14:56") << "896576 bytes at 1000 a second";
 }
 
 } // namespace
