@@ -128,8 +128,7 @@ class DesktopTest(unittest.TestCase):
 
     # Closes the window by its key; a crash on the way out fails the test, where the process is ours to see.
     def close_program(self, process=None):
-        window = self.focus()
-        process_id = process.pid if process else self.xdotool("getwindowpid", window)
+        process_id = self.xdotool("getwindowpid", self.focus())
         self.key("alt+F4")
         if process:
             self.assertEqual(process.wait(LIMIT_S), 0)

@@ -20,7 +20,6 @@ SYSTEM_SWITCH = re.compile(
 QT_FREE = re.compile(r"(text|vars|err|sync|thread|callback|platform|io|file|i18n|logger|crypto(_\w+)?|web|shellhelper)$")
 
 
-SOURCE_SUFFIXES = {".h", ".hpp", ".cpp", ".in"}
 
 faults = []
 names = {}  # of the modules, by folder
@@ -71,7 +70,7 @@ def check_file(path, name):
 def main(source_folder, module_links):
     read_modules(Path(module_links).read_text(encoding="utf-8").splitlines())
     for path in sorted(Path(source_folder).rglob("*")):
-        if path.suffix in SOURCE_SUFFIXES:
+        if path.suffix in (".h", ".hpp", ".cpp", ".in"):
             check_file(path, path.relative_to(source_folder).as_posix())
     for fault in faults:
         print(f"{source_folder}/{fault}")
