@@ -36,7 +36,11 @@ void MainWindowDriver::press(Qt::Key key, Qt::KeyboardModifiers modifiers)
 
 void MainWindowDriver::type(const QString& text)
 {
-    child<QLineEdit>("lineEditInput").setText(text);
+    auto& edit = child<QLineEdit>("lineEditInput");
+    QTest::mouseClick(&edit, Qt::LeftButton);
+    QTest::keyClick(&edit, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(&edit, Qt::Key_Delete);
+    QTest::sendKeyEvent(QTest::Click, &edit, Qt::Key_unknown, text, Qt::NoModifier); // in one stroke
 }
 
 void MainWindowDriver::click(const char* button)
@@ -52,10 +56,14 @@ void MainWindowDriver::clickToolButton(const char* action)
 
 void MainWindowDriver::chooseFromMenu(const char* action)
 {
+    auto& bar = child<QMenuBar>("menuBar");
     auto& chosen = child<QAction>(action);
-    for (const QMenu* menu : child<QMenuBar>("menuBar").findChildren<QMenu*>())
-        if (menu->actions().contains(&chosen))
-            chosen.trigger();
+    for (QMenu* menu : bar.findChildren<QMenu*>()) {
+        if (menu->actions().contains(&chosen)) {
+            QTest::mouseClick(&bar, Qt::LeftButton, {}, bar.actionGeometry(menu->menuAction()).center());
+            QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(&chosen).center());
+        }
+    }
 }
 
 void MainWindowDriver::drop(const char* widget, const QList<QUrl>& urls)
@@ -70,7 +78,10 @@ void MainWindowDriver::drop(const char* widget, const QList<QUrl>& urls)
 
 void MainWindowDriver::selectAlgorithm(const QString& row)
 {
-    child<QComboBox>("comboBoxSelectAlg").setCurrentText(row);
+    auto& combo = child<QComboBox>("comboBoxSelectAlg");
+    QTest::keyClick(&combo, Qt::Key_Home);
+    for (int tries = combo.count(); tries > 0 && combo.currentText() != row; --tries)
+        QTest::keyClick(&combo, Qt::Key_Down);
 }
 
 // Without a window manager nobody gives the keyboard back when a dialog or a menu has gone.

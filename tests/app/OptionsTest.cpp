@@ -25,6 +25,7 @@
 #include <map>
 #include <random>
 #include <thread>
+#include <utility>
 
 namespace quillon::tests {
 namespace {
@@ -66,10 +67,10 @@ QByteArray bytesOf(const QString& name)
 std::string takeHelperCalls()
 {
     static QLibrary helper(QCoreApplication::applicationDirPath() + "/QxShellHelper");
-    std::wstring calls;
-    reinterpret_cast<void (*)(std::wstring&)>(helper.resolve("takeCalls"))(calls);
+    std::wstring& calls = reinterpret_cast<std::wstring& (*)()>(helper.resolve("recordedCalls"))();
     std::string names;
-    for (const QString& call : QString::fromStdWString(calls).split('\n', Qt::SkipEmptyParts))
+    for (const QString& call :
+         QString::fromStdWString(std::exchange(calls, {})).split('\n', Qt::SkipEmptyParts))
         names += call.section('|', 0, 0).toStdString() + ' ';
     return names;
 }
