@@ -23,40 +23,34 @@ using web::EProxySelectType;
 using SystemAnswer = COptionsDialog::SGetSystemProxySettings;
 
 /// A page on this machine that answers every request, or never answers.
-class LocalPage
+struct LocalPage
 {
-public:
-    explicit LocalPage(bool answers)
+    explicit LocalPage(const char* answer)
     {
-        m_server.listen(QHostAddress::LocalHost);
-        QObject::connect(&m_server, &QTcpServer::newConnection, [this, answers] {
-            m_socket = m_server.nextPendingConnection();
-            QObject::connect(m_socket, &QTcpSocket::readyRead, [this, answers] {
-                request += m_socket->readAll();
-                if (answers && isAsked())
-                    m_socket->write("HTTP/1.1 404 Not Found\r\nContent-Length: 0\r\n\r\n");
+        server.listen(QHostAddress::LocalHost);
+        QObject::connect(&server, &QTcpServer::newConnection, [this, answer] {
+            socket = server.nextPendingConnection();
+            QObject::connect(socket, &QTcpSocket::readyRead, [this, answer] {
+                request += socket->readAll();
+                if (isAsked())
+                    socket->write(answer);
             });
         });
     }
 
-    [[nodiscard]] std::string url() const { return "http://127.0.0.1:" + std::to_string(port()) + "/"; }
-    [[nodiscard]] int port() const { return m_server.serverPort(); }
     [[nodiscard]] bool isAsked() const { return request.contains("\r\n\r\n"); }
-    [[nodiscard]] bool isLeft() const { return m_socket->state() == QAbstractSocket::UnconnectedState; }
 
     QByteArray request;
-
-private:
-    QTcpServer m_server;
-    QTcpSocket* m_socket = nullptr;
+    QTcpServer server;
+    QTcpSocket* socket = nullptr;
 };
 
 struct OptionsNetwork : testing::Test
 {
     OptionsNetwork()
     {
-        dialog->setSystemQuery([] { return SystemAnswer{}; });
-        dialog->setNetProxy({20, "proxy.example", 8080, "ann", "secret"});
+        dialog.setSystemQuery([] { return SystemAnswer{}; });
+        dialog.setNetProxy({20, "proxy.example", 8080, "ann", "secret"});
     }
 
     /// The four fields, those that take no text with a "-" before them.
@@ -81,45 +75,39 @@ struct OptionsNetwork : testing::Test
         return waitFor([&] { return user.reach(control).isEnabled() == isEnabled; });
     }
 
-    /// The result line after a click on the button.
-    [[nodiscard]] std::string check() const
+    /// The result line after a click on the button, with a check of the page at `url`.
+    [[nodiscard]] std::string check(const std::vector<std::string>& libraries, const std::string& url)
     {
+        dialog.show();
+        dialog.setConnectionCheck(std::make_shared<ConnectionCheck>(libraries, url));
         user.reach<QLineEdit>("lineEditNetworkLogs").clear();
         user.click("buttonCheckConnection");
         EXPECT_FALSE(user.reach("buttonCheckConnection").isEnabled());
-        EXPECT_EQ(user.shown("lineEditNetworkLogs"), "");
         EXPECT_TRUE(waitForEnabled("buttonCheckConnection", true));
         return result();
     }
 
-    std::unique_ptr<COptionsDialog> dialog = std::make_unique<COptionsDialog>();
-    OptionsUser user{*dialog};
+    COptionsDialog dialog;
+    OptionsUser user{dialog};
 };
 
-TEST_F(OptionsNetwork, EachModeOfTheProxyHasItsFields)
-{
-    dialog->show();
-    EXPECT_EQ(fields(), " -proxy.example -8080 -ann -secret");
-    user.enter("comboBoxProxyConfigType", "Manual");
-    EXPECT_EQ(fields(), " proxy.example 8080 ann secret");
-    QTest::keyClick(&user.reach("comboBoxProxyConfigType"), Qt::Key_Up);
-    EXPECT_EQ(fields(), " - - ann secret");
-}
-
-TEST_F(OptionsNetwork, AStoredSystemModeAsksTheSystemAtTheFirstShow)
+TEST_F(OptionsNetwork, EachModeHasItsFieldsAndAStoredSystemModeAsksTheSystemAtTheFirstShow)
 {
     std::promise<SystemAnswer> system;
-    dialog->setSystemQuery([answer = system.get_future().share()] { return answer.get(); });
-    dialog->setProxySelectType(EProxySelectType::System);
-    dialog->show();
+    dialog.setSystemQuery([answer = system.get_future().share()] { return answer.get(); });
+    dialog.setProxySelectType(EProxySelectType::System);
+    dialog.show();
     EXPECT_EQ(fields(), " - - ann secret");
     EXPECT_TRUE(waitForEnabled("comboBoxProxyConfigType", false));
     system.set_value({{1, "system.example", 3128, {}, {}}, {}});
     EXPECT_TRUE(waitForEnabled("comboBoxProxyConfigType", true));
-    EXPECT_EQ(fields(), " -system.example -3128 ann secret");
-    EXPECT_EQ(result(), "#000000 ");
+    EXPECT_EQ(fields() + result(), " -system.example -3128 ann secret#000000 ");
+    user.enter("comboBoxProxyConfigType", "Manual");
+    EXPECT_EQ(fields(), " system.example 3128 ann secret");
+    user.enter("comboBoxProxyConfigType", "No proxy");
+    EXPECT_EQ(fields(), " -system.example -3128 -ann -secret");
     user.click("buttonOk");
-    EXPECT_EQ(dialog->getNetProxy().server, "system.example");
+    EXPECT_EQ(dialog.getNetProxy().server, "system.example");
 }
 
 TEST_F(OptionsNetwork, AQueryThatFailsSaysSoAndOneThatIsChosenAgainSucceeds)
@@ -133,9 +121,9 @@ TEST_F(OptionsNetwork, AQueryThatFailsSaysSoAndOneThatIsChosenAgainSucceeds)
          "#ff0000 Failed to get system proxy settings. Error: 5/13. - - ann secret"},
         {[] { return SystemAnswer{}; }, "#000000  - -0 ann secret"},
     };
-    dialog->show();
+    dialog.show();
     for (const auto& [query, expected] : queries) {
-        dialog->setSystemQuery(query);
+        dialog.setSystemQuery(query);
         user.enter("comboBoxProxyConfigType", "No proxy");
         QTest::keyClick(&user.reach("comboBoxProxyConfigType"), Qt::Key_Down);
         user.reach<QLineEdit>("lineEditNetworkLogs").setText("waiting");
@@ -145,22 +133,14 @@ TEST_F(OptionsNetwork, AQueryThatFailsSaysSoAndOneThatIsChosenAgainSucceeds)
     }
 }
 
-TEST_F(OptionsNetwork, ACheckThatFailsShowsItsCodesEachTime)
+TEST_F(OptionsNetwork, ACheckUsesTheFieldsWhateverTheModeAndShowsItsCodesEachTimeItFails)
 {
-    dialog->show();
-    dialog->setConnectionCheck(std::make_shared<ConnectionCheck>(std::vector<std::string>{}, ""));
+    const LocalPage proxy("HTTP/1.1 404 Not Found\r\nContent-Length: 0\r\n\r\n");
+    dialog.setNetProxy({0, " 127.0.0.1 ", proxy.server.serverPort(), "ann", "secret"});
     for (int attempt = 0; attempt < 2; ++attempt)
-        EXPECT_EQ(check(), "#ff0000 Failed to check network connection. Error: 5/90.");
-}
-
-TEST_F(OptionsNetwork, TheCheckUsesTheFieldsWhateverTheMode)
-{
-    const LocalPage proxy(true);
-    dialog->setConnectionCheck(
-        std::make_shared<ConnectionCheck>(platform::curlLibraryPaths(), "http://kestrum.invalid/"));
-    dialog->setNetProxy({0, " 127.0.0.1 ", proxy.port(), "ann", "secret"});
-    dialog->show();
-    EXPECT_EQ(check(), "#005f00 Internet connection was checked successfully");
+        EXPECT_EQ(check({}, ""), "#ff0000 Failed to check network connection. Error: 5/90.");
+    EXPECT_EQ(check(platform::curlLibraryPaths(), "http://kestrum.invalid/"),
+              "#005f00 Internet connection was checked successfully");
     EXPECT_TRUE(proxy.request.startsWith("POST http://kestrum.invalid/ HTTP/1.1\r\n"))
         << proxy.request.constData();
     EXPECT_TRUE(proxy.request.contains("Proxy-Authorization: Basic YW5uOnNlY3JldA=="));
@@ -168,47 +148,40 @@ TEST_F(OptionsNetwork, TheCheckUsesTheFieldsWhateverTheMode)
 
 TEST_F(OptionsNetwork, EachWayOutHidesTheDialogAtOnceAndLeavesBothJobsBehind)
 {
-    // Far above what closing takes, and far below what it would take to wait for the silent server.
-    constexpr int kClosingLimitMs = 1000;
-    const struct
-    {
-        const char* name;
-        void (*leave)(const OptionsUser& hands);
-        int result;
-    } rows[] = {
-        {"OK", [](const OptionsUser& hands) { hands.click("buttonOk"); }, QDialog::Accepted},
-        {"Cancel", [](const OptionsUser& hands) { hands.click("buttonCancel"); }, QDialog::Rejected},
-        {"Escape", [](const OptionsUser& hands) { QTest::keyClick(&hands.dialog, Qt::Key_Escape); },
-         QDialog::Rejected},
-        {"title bar", [](const OptionsUser& hands) { hands.dialog.close(); }, QDialog::Rejected},
-    };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.name);
-        const LocalPage page(false);
+    for (const std::string way : {"buttonOk", "buttonCancel", "Escape", "title bar"}) {
+        SCOPED_TRACE(way);
+        const LocalPage page("");
         std::promise<void> systemAnswers;
         auto token = std::make_shared<int>();
         const std::weak_ptr<int> query = token;
-        dialog = std::make_unique<COptionsDialog>();
-        dialog->setSystemQuery(
+        COptionsDialog left;
+        const OptionsUser hands{left};
+        left.setSystemQuery(
             [owned = std::exchange(token, nullptr), answer = systemAnswers.get_future().share()] {
                 answer.wait();
                 return SystemAnswer{};
             });
-        dialog->setConnectionCheck(
-            std::make_shared<ConnectionCheck>(platform::curlLibraryPaths(), page.url()));
-        dialog->setProxySelectType(EProxySelectType::System);
-        dialog->show();
-        OptionsUser{*dialog}.click("buttonCheckConnection");
+        left.setConnectionCheck(std::make_shared<ConnectionCheck>(
+            platform::curlLibraryPaths(),
+            "http://127.0.0.1:" + std::to_string(page.server.serverPort()) + "/"));
+        left.setProxySelectType(EProxySelectType::System);
+        left.show();
+        hands.click("buttonCheckConnection");
         ASSERT_TRUE(waitFor([&page] { return page.isAsked(); }));
 
         QElapsedTimer clock;
         clock.start();
-        row.leave(OptionsUser{*dialog});
-        EXPECT_FALSE(dialog->isVisible());
-        EXPECT_EQ(dialog->result(), row.result);
-        EXPECT_TRUE(waitFor([&page] { return page.isLeft(); })) << "before the dialog's end";
-        dialog.reset();
-        EXPECT_LT(clock.elapsed(), kClosingLimitMs);
+        if (way == "Escape")
+            QTest::keyClick(&left, Qt::Key_Escape);
+        else if (way == "title bar")
+            left.close();
+        else
+            hands.click(way.c_str());
+        EXPECT_LT(clock.elapsed(), 1000) << "milliseconds: far above what it takes, far below a wait";
+        EXPECT_FALSE(left.isVisible());
+        EXPECT_EQ(left.result(), way == "buttonOk" ? QDialog::Accepted : QDialog::Rejected);
+        EXPECT_TRUE(waitFor([&page] { return page.socket->state() == QAbstractSocket::UnconnectedState; }));
+        left.setSystemQuery({});
         EXPECT_FALSE(query.expired()) << "the query owns what it works on";
         systemAnswers.set_value();
         EXPECT_TRUE(waitFor([&query] { return query.expired(); }));
