@@ -39,6 +39,7 @@ public:
 
     /// Presses F5 and waits for the end of the run.
     [[nodiscard]] bool run();
+    [[nodiscard]] std::string resultOfRun() { return run() ? result() : "The run does not end"; }
 
     /// Waits until `count` runs have ended since the window was made.
     [[nodiscard]] bool waitForEnd(int count = 1);

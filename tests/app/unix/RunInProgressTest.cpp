@@ -33,7 +33,8 @@ protected:
     /// Starts a run that waits in its `number`-th read.
     void startAndHold(unsigned number)
     {
-        faults.holdFrom(number);
+        faults.holds = 0;
+        faults.holdFrom(faults.reads + number);
         driver->press(Qt::Key_F5);
         ASSERT_TRUE(waitFor([this] { return faults.holds == 1; }));
     }
@@ -41,7 +42,7 @@ protected:
     void finish(const std::string& result)
     {
         faults.release();
-        ASSERT_TRUE(driver->waitForEnd());
+        ASSERT_TRUE(driver->waitForEnd(++runs));
         EXPECT_EQ(driver->result(), result);
     }
 
@@ -53,6 +54,7 @@ protected:
         return waitFor([&] { return std::regex_match(driver->status(), text); });
     }
 
+    int runs = 0;
     Lines log = Lines(1); // with an empty line for a beginning
     const std::string bytes = blocksOfBytes(80);
     const std::string done = sha256Result(bytes);
@@ -96,13 +98,10 @@ TEST_F(RunInProgress, TellsTheRemainingTimeInTheUnitsThatItNeeds)
                                        {2'000, "\\d+ minutes \\d+"},
                                        {800'000, "\\d+ hours \\d+ minutes \\d+"}}) {
         std::filesystem::resize_file(folder.file("blocks"), blocks * kBlockBytes);
-        const int ended = driver->runsEnded();
-        faults.holdFrom(faults.reads + 2);
-        driver->press(Qt::Key_F5);
+        startAndHold(2);
         EXPECT_TRUE(waitForProgress(".*", time)) << driver->status();
         driver->press(Qt::Key_F8);
-        faults.release();
-        ASSERT_TRUE(driver->waitForEnd(ended + 1));
+        finish(cancelled);
     }
 }
 
@@ -113,8 +112,7 @@ TEST_F(RunInProgress, EndsAtAStopWithoutADigestAndTheNextOneWorks)
     finish(cancelled);
     EXPECT_EQ(log.back().message, "Hash calculation was canceled");
     EXPECT_EQ(faults.reads.load(), 3U);
-    ASSERT_TRUE(driver->run());
-    EXPECT_EQ(driver->result(), done);
+    EXPECT_EQ(driver->resultOfRun(), done);
     EXPECT_EQ(driver->caption(), plainCaption + " (SHA-256)");
 }
 
@@ -136,31 +134,25 @@ TEST_F(RunInProgress, DigestsAFileAsLongAsItWasAtTheStartAndWaitsForTheRestOfASh
     startAndHold(3);
     std::filesystem::resize_file(folder.file("blocks"), 2 * bytes.size());
     finish(done);
-    faults.holdFrom(faults.reads + 3);
-    driver->press(Qt::Key_F5);
-    ASSERT_TRUE(waitFor([this] { return faults.holds == 2; }));
+    startAndHold(3);
     std::filesystem::resize_file(folder.file("blocks"), 0);
     faults.release();
     ASSERT_TRUE(waitFor([this] { return faults.reads > 1000; }));
-    EXPECT_EQ(driver->runsEnded(), 1);
     driver->press(Qt::Key_F8);
-    ASSERT_TRUE(driver->waitForEnd(2));
-    EXPECT_EQ(driver->result(), cancelled);
+    finish(cancelled);
 }
 
 TEST_F(RunInProgress, NamesAReadErrorWithBothItsNumbersAndMakesAnInterruptedReadAgain)
 {
     faults.error = EIO;
     faults.failAt = 3;
-    ASSERT_TRUE(driver->run());
-    EXPECT_EQ(driver->result(), errorResult("Input/output error (error: 1/5,5/60)"));
+    EXPECT_EQ(driver->resultOfRun(), errorResult("Input/output error (error: 1/5,5/60)"));
     EXPECT_EQ(log.back().message, "Failed to calculate hash. Error: 1/5,5/60");
     EXPECT_EQ(driver->caption(), plainCaption);
     faults.error = EINTR;
     faults.failAt = 5;
-    ASSERT_TRUE(driver->run());
+    EXPECT_EQ(driver->resultOfRun(), done);
     EXPECT_EQ(faults.failAt.load(), 0U);
-    EXPECT_EQ(driver->result(), done);
 }
 
 TEST_F(RunInProgress, EndsPromptlyWithTheWindowWhichWaitsForTheWorker)
@@ -184,8 +176,7 @@ TEST_F(RunInProgress, EndsPromptlyWithTheWindowWhichWaitsForTheWorker)
 TEST_F(RunInProgress, IsNoneWhereTheFileIsRefusedOrThereIsNoThread)
 {
     driver->type(folderName());
-    ASSERT_TRUE(driver->run());
-    EXPECT_EQ(driver->result(), errorResult("Is a directory (error: 1/21)"));
+    EXPECT_EQ(driver->resultOfRun(), errorResult("Is a directory (error: 1/21)"));
     EXPECT_EQ(driver->caption(), plainCaption);
     driver->type(file);
     pthread_attr_t former;
@@ -196,8 +187,7 @@ TEST_F(RunInProgress, IsNoneWhereTheFileIsRefusedOrThereIsNoThread)
     driver->press(Qt::Key_F5);
     pthread_setattr_default_np(&former);
     EXPECT_EQ(driver->result(), errorResult("Failed to start the hash calculation. (error: 5/303)"));
-    ASSERT_TRUE(driver->run());
-    EXPECT_EQ(driver->result(), done);
+    EXPECT_EQ(driver->resultOfRun(), done);
 }
 
 } // namespace
