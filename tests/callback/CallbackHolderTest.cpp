@@ -6,77 +6,72 @@
 
 #include <functional>
 #include <string>
-#include <tuple>
 
+namespace quillon::callback {
 namespace {
-
-using quillon::callback::CallbackHolder;
-using quillon::callback::ICallback;
-using quillon::err::ResultCode;
-
-using Message = std::tuple<std::string>;
-using Holder = CallbackHolder<Message>;
-
-constexpr ResultCode kSuccess{0, 0};
-constexpr ResultCode kNull{5, 6};
-
-class Listener final : public ICallback<Message>
-{
-public:
-    explicit Listener(std::function<void()> onMessage)
-        : m_onMessage(std::move(onMessage))
-    {
-    }
-    void onCallback(const Message&) override { m_onMessage(); }
-
-private:
-    std::function<void()> m_onMessage;
-};
 
 class CallbackHolderTest : public testing::Test
 {
 protected:
-    std::string deliver(ICallback<Message>* source = nullptr)
+    struct Listener final : ICallback<std::string>
     {
-        m_heard.clear();
-        m_holder.handleCallback(source, Message("news"));
-        return m_heard;
+        Listener(CallbackHolderTest& owner, char ownName)
+            : test(owner)
+            , name(ownName)
+        {
+        }
+        void onCallback(const std::string& message) override
+        {
+            test.heard += message + name;
+            if (test.change)
+                test.change();
+        }
+
+        CallbackHolderTest& test;
+        const char name;
+    };
+
+    std::string deliver(Listener* source = nullptr)
+    {
+        heard.clear();
+        holder.handleCallback(source, "-");
+        return heard;
     }
 
-    Holder m_holder;
-    std::string m_heard;
-    Listener m_a{[this] { m_heard += 'a'; }};
-    Listener m_b{[this] { m_heard += 'b'; }};
-    Listener m_c{[this] { m_heard += 'c'; }};
+    CallbackHolder<std::string> holder;
+    std::string heard;
+    std::function<void()> change;
+    Listener a{*this, 'a'};
+    Listener b{*this, 'b'};
+    Listener c{*this, 'c'};
 };
 
 TEST_F(CallbackHolderTest, ListenersHearOnceAndInTheOrderOfAdding)
 {
+    for (Listener* listener : {&b, &a, &b, &c})
+        EXPECT_EQ(holder.addCallback(listener), err::ResultCode{});
+    EXPECT_EQ(deliver(), "-b-a-c");
+    EXPECT_EQ(deliver(&a), "-b-c");
+    for (int i = 0; i < 2; ++i)
+        EXPECT_EQ(holder.removeCallback(&b), err::ResultCode{});
+    EXPECT_EQ(deliver(), "-a-c");
+    EXPECT_EQ(holder.clearCallbacks(), err::ResultCode{});
     EXPECT_EQ(deliver(), "");
-    for (Listener* listener : {&m_b, &m_a, &m_b, &m_c})
-        EXPECT_EQ(m_holder.addCallback(listener), kSuccess);
-    EXPECT_EQ(deliver(), "bac");
-    EXPECT_EQ(deliver(&m_a), "bc");
-    EXPECT_EQ(m_holder.removeCallback(&m_b), kSuccess);
-    EXPECT_EQ(m_holder.removeCallback(&m_b), kSuccess);
-    EXPECT_EQ(deliver(), "ac");
-    EXPECT_EQ(m_holder.clearCallbacks(), kSuccess);
-    EXPECT_EQ(deliver(), "");
-    EXPECT_EQ(m_holder.addCallback(nullptr), kNull);
-    EXPECT_EQ(m_holder.removeCallback(nullptr), kNull);
+    EXPECT_EQ(holder.addCallback(nullptr), err::programError(err::kNullPointer));
+    EXPECT_EQ(holder.removeCallback(nullptr), err::programError(err::kNullPointer));
 }
 
 TEST_F(CallbackHolderTest, AChangeDuringADeliveryCountsFromTheNextOne)
 {
-    Listener changing{[this] {
-        m_heard += 'x';
-        (void)m_holder.removeCallback(&m_b);
-        (void)m_holder.addCallback(&m_c);
-    }};
-    (void)m_holder.addCallback(&changing);
-    (void)m_holder.addCallback(&m_b);
-    EXPECT_EQ(deliver(), "xb");
-    EXPECT_EQ(deliver(), "xc");
+    for (Listener* listener : {&a, &b})
+        static_cast<void>(holder.addCallback(listener));
+    change = [this] {
+        static_cast<void>(holder.removeCallback(&b));
+        static_cast<void>(holder.addCallback(&c));
+    };
+    EXPECT_EQ(deliver(), "-a-b");
+    EXPECT_EQ(deliver(), "-a-c");
 }
 
 } // namespace
+} // namespace quillon::callback

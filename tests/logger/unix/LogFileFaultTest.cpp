@@ -4,7 +4,11 @@
 
 #include <sys/resource.h>
 
+#include <algorithm>
+#include <array>
 #include <csignal>
+#include <thread>
+#include <vector>
 
 namespace quillon::logger {
 namespace {
@@ -53,11 +57,32 @@ TEST_F(LogFileFault, ALineCutByAFullDiskIsEndedBeforeTheNext)
     EXPECT_TRUE(content().starts_with(cut + '\n' + lineOf("second"))) << content();
 }
 
-TEST_F(LogFileFault, TwoWritersOfOneFileTearNoLine)
+TEST_F(LogFileFault, TwoWritersForFourThreadsEachTearAndLoseNoLine)
 {
+    constexpr std::uint32_t kLines = 1250; // of a thread; four have room in a queue
+    // Often longer than a page, so that lines lie across the end of every buffer.
+    const auto message = [](std::uint32_t i) {
+        return std::to_string(i) + std::string(i % 9 == 0 ? 9000 : i % 31, 'x') + '.';
+    };
     Appender other(2, tests::utf8Name(path));
     ASSERT_TRUE(err::succeeded(other.start()));
-    expectAllLinesOfEightThreads(*appender, other);
+    std::vector<std::jthread> threads;
+    for (const std::uint32_t thread : {0, 1, 2, 3, 4, 5, 6, 7}) {
+        threads.emplace_back([&, thread, &writer = thread % 2 == 0 ? *appender : other] {
+            for (std::uint32_t i = 0; i < kLines; ++i)
+                writer.append(0, 1, thread, ELogLevel::Error, "test", message(i).c_str(), 0);
+        });
+    }
+    const auto hasAllInOrder = [&] {
+        std::array<std::uint32_t, 8> next{};
+        std::istringstream lines(content());
+        for (std::string line; std::getline(lines, line);) {
+            for (std::uint32_t thread = 0; thread < next.size(); ++thread)
+                next.at(thread) += line + '\n' == lineOf(message(next.at(thread)), thread) ? 1 : 0;
+        }
+        return std::ranges::count(next, kLines) == 8;
+    };
+    EXPECT_TRUE(tests::waitUntil(hasAllInOrder));
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-#include "logger/AllocationCount.h"
+#include "AllocationCount.h"
 
 #include <cstdlib>
 #include <new>
