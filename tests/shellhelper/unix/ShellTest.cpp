@@ -158,7 +158,7 @@ std::string quoted(const std::string& word)
     return '\'' + replaced(word, {{"'", "'\\''"}}) + '\'';
 }
 
-class AwkwardNames : public Desktop, public testing::WithParamInterface<CaseRow>
+class AwkwardNames : public Desktop
 {
 protected:
     /// What stands between two marks in one of the user's files.
@@ -172,56 +172,63 @@ protected:
 
     /// Runs a line in the file's folder, as file managers do, and waits for the program, which may run on
     /// when the tool that started it is gone.
-    void expectArrivalBy(const std::string& line) const
+    void expectArrivalBy(const std::string& file, const std::string& line) const
     {
         shell(line);
         EXPECT_TRUE(waitUntil([this] { return HasFailure() || std::filesystem::exists(path("arguments")); }))
             << line;
-        EXPECT_EQ(bytesOf(path("arguments")), path(GetParam()[1]) + '\0') << line;
+        EXPECT_EQ(bytesOf(path("arguments")), file + '\0') << line;
         std::filesystem::remove(path("arguments"));
+    }
+
+    /// Makes the entries for a program of this name, and has each started for a file of that name.
+    void expectArrival(const std::string& programName, const std::string& name) const
+    {
+        shell("rm -rf ./* .config");
+        const std::string file = quoted(path(name));
+        const std::string program = m_folder.write("home/" + programName, kRecorder).string();
+        m_folder.write("home/" + name, "");
+        shell("chmod +x " + quoted(program) +
+              " && mkdir -p .config/Thunar data/kio/servicemenus data/nemo data/nautilus data/Thunar/sendto");
+        ASSERT_EQ(create(program, "Check"), kSuccess);
+        ASSERT_EQ(createLink(program, "Kestrum"), kSuccess);
+
+        expectArrivalBy(path(name),
+                        "desktop-file-validate " + m_link + " && gio launch " + m_link + ' ' + file);
+        // Only the frame differs from a desktop entry that can be launched on its own.
+        const std::string menu =
+            between("data/kio/servicemenus/" + text::utf8FromWide(kId) + ".desktop", "\nExec=", "\n");
+        m_folder.write("home/service.desktop",
+                       "[Desktop Entry]\nType=Application\nName=x\nExec=" + menu + '\n');
+        expectArrivalBy(path(name), "gio launch service.desktop " + file);
+
+        const std::string action = between(".config/Thunar/uca.xml", "<command>", "</command>");
+        const std::string command =
+            replaced(action, {{"&lt;", "<"}, {"&gt;", ">"}, {"&amp;", "&"}, {"&#13;", "\r"}});
+        expectArrivalBy(path(name), replaced(command, {{"%%", "%"}, {"%f", file}}));
+        // Nemo has no shell in between; to split words in single quotes, one does the same.
+        const std::string value =
+            between("data/nemo/actions/" + text::utf8FromWide(kId) + ".nemo_action", "\nExec=", "\n");
+        const std::string line =
+            replaced(value, {{"\\\\", "\\"}, {"\\n", "\n"}, {"\\r", "\r"}, {"\\t", "\t"}});
+        expectArrivalBy(path(name), replaced(line, {{"%%", "%"}, {"%F", file}}));
+
+        const std::string script = path("data/nautilus/scripts/Check ");
+        expectArrivalBy(path(name), script + file);
+        expectArrivalBy(path(name), script + quoted(name)); // a name in the folder that is shown
+        // As GNOME Files mangles it.
+        setenv("NAUTILUS_SCRIPT_SELECTED_FILE_PATHS", (path(name) + '\n').c_str(), 1);
+        expectArrivalBy(path(name), script + quoted(replaced(name, {{"%", ""}})));
+        unsetenv("NAUTILUS_SCRIPT_SELECTED_FILE_PATHS");
+        EXPECT_FALSE(std::filesystem::exists(path("ran")));
     }
 };
 
-TEST_P(AwkwardNames, ReachTheProgramFromEveryFileManager)
+TEST_F(AwkwardNames, ReachTheProgramFromEveryFileManager)
 {
-    const std::string& name = GetParam().at(1);
-    const std::string file = quoted(path(name));
-    const std::string program = m_folder.write("home/" + GetParam()[0], kRecorder).string();
-    m_folder.write("home/" + name, "");
-    shell("chmod +x " + quoted(program) +
-          " && mkdir -p .config/Thunar data/kio/servicemenus data/nemo data/nautilus data/Thunar/sendto");
-    ASSERT_EQ(create(program, "Check"), kSuccess);
-    ASSERT_EQ(createLink(program, "Kestrum"), kSuccess);
-
-    expectArrivalBy("desktop-file-validate " + m_link + " && gio launch " + m_link + ' ' + file);
-    // Only the frame differs from a desktop entry that can be launched on its own.
-    const std::string menu =
-        between("data/kio/servicemenus/" + text::utf8FromWide(kId) + ".desktop", "\nExec=", "\n");
-    m_folder.write("home/service.desktop", "[Desktop Entry]\nType=Application\nName=x\nExec=" + menu + '\n');
-    expectArrivalBy("gio launch service.desktop " + file);
-
-    const std::string action = between(".config/Thunar/uca.xml", "<command>", "</command>");
-    const std::string command =
-        replaced(action, {{"&lt;", "<"}, {"&gt;", ">"}, {"&amp;", "&"}, {"&#13;", "\r"}});
-    expectArrivalBy(replaced(command, {{"%%", "%"}, {"%f", file}}));
-    // Nemo has no shell in between; to split words in single quotes, one does the same.
-    const std::string value =
-        between("data/nemo/actions/" + text::utf8FromWide(kId) + ".nemo_action", "\nExec=", "\n");
-    const std::string line = replaced(value, {{"\\\\", "\\"}, {"\\n", "\n"}, {"\\r", "\r"}, {"\\t", "\t"}});
-    expectArrivalBy(replaced(line, {{"%%", "%"}, {"%F", file}}));
-
-    const std::string script = path("data/nautilus/scripts/Check ");
-    expectArrivalBy(script + file);
-    expectArrivalBy(script + quoted(name)); // a name in the folder that is shown
-    // As GNOME Files mangles it.
-    setenv("NAUTILUS_SCRIPT_SELECTED_FILE_PATHS", (path(name) + '\n').c_str(), 1);
-    expectArrivalBy(script + quoted(replaced(name, {{"%", ""}})));
-    unsetenv("NAUTILUS_SCRIPT_SELECTED_FILE_PATHS");
-    EXPECT_FALSE(std::filesystem::exists(path("ran")));
+    for (const CaseRow& names : readCaseTable("shellhelper/unix/names.txt"))
+        expectArrival(names[0], names.at(1));
 }
-
-INSTANTIATE_TEST_SUITE_P(All, AwkwardNames, testing::ValuesIn(readCaseTable("shellhelper/unix/names.txt")),
-                         [](const auto& names) { return std::to_string(names.index); });
 
 } // namespace
 } // namespace quillon::tests
