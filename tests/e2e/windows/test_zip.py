@@ -18,10 +18,9 @@ SETTINGS = r"HKCU\Software\Quillon.example\Kestrum"
 MENU_ENTRIES = r"HKCU\Software\Classes\*\shell"
 LOG = "Quillon.example/Kestrum/kestrum.log"
 LINK = "Microsoft/Windows/SendTo/Kestrum.lnk"
-# What chooses an entry in the menu of the main window that stands here, under Wine.
+# Where a menu of the main window stands under Wine, and what chooses an entry in it.
 MENU_HASH = (56, 11)
 SELECT_ALGORITHM = ("Down", "Down", "Down", "Return")
-OPTIONS = ("Right", "Up", "Return")
 GREEK = 1032
 DEBUG = 5
 
@@ -123,7 +122,7 @@ class ZipTest(DesktopTest):
             port = proxy.getsockname()[1]
             self.set_values(NetProxyServer="127.0.0.1", NetProxyPort=port, NetProxySelectType=2)
             process = self.start_program()
-            self.open_dialog(OPTIONS, "^Options$")
+            self.open_dialog(("Right", "Up", "Return"), "^Options$")
             self.key("ctrl+Tab", "ctrl+Tab", "ctrl+Tab", "Tab", "Tab", "Tab", "Tab", "Tab", "Tab", "space")
             with proxy.accept()[0] as connection, connection.makefile("rb") as lines:
                 request = b"".join(iter(lines.readline, b"\r\n")).decode()
