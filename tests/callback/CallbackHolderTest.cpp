@@ -10,53 +10,48 @@
 namespace quillon::callback {
 namespace {
 
-class CallbackHolderTest : public testing::Test
+/// A message that notes who hears it.
+using Message = std::function<void(char listener)>;
+
+struct Listener final : ICallback<Message>
 {
-protected:
-    struct Listener final : ICallback<std::string>
+    explicit Listener(char ownName)
+        : name(ownName)
     {
-        Listener(CallbackHolderTest& owner, char ownName)
-            : test(owner)
-            , name(ownName)
-        {
-        }
-        void onCallback(const std::string& message) override
-        {
-            test.heard += message + name;
-            if (test.change)
-                test.change();
-        }
+    }
+    void onCallback(const Message& message) override { message(name); }
 
-        CallbackHolderTest& test;
-        const char name;
-    };
+    const char name;
+};
 
-    std::string deliver(Listener* source = nullptr)
+struct CallbackHolderTest : testing::Test
+{
+    std::string deliver(
+        Listener* source, const std::function<void()>& change = [] {})
     {
-        heard.clear();
-        holder.handleCallback(source, "-");
+        std::string heard;
+        holder.handleCallback(source, [&](char listener) {
+            heard += listener;
+            change();
+        });
         return heard;
     }
 
-    CallbackHolder<std::string> holder;
-    std::string heard;
-    std::function<void()> change;
-    Listener a{*this, 'a'};
-    Listener b{*this, 'b'};
-    Listener c{*this, 'c'};
+    CallbackHolder<Message> holder;
+    Listener a{'a'}, b{'b'}, c{'c'};
 };
 
 TEST_F(CallbackHolderTest, ListenersHearOnceAndInTheOrderOfAdding)
 {
     for (Listener* listener : {&b, &a, &b, &c})
         EXPECT_EQ(holder.addCallback(listener), err::ResultCode{});
-    EXPECT_EQ(deliver(), "-b-a-c");
-    EXPECT_EQ(deliver(&a), "-b-c");
+    EXPECT_EQ(deliver(nullptr), "bac");
+    EXPECT_EQ(deliver(&a), "bc");
     for (int i = 0; i < 2; ++i)
         EXPECT_EQ(holder.removeCallback(&b), err::ResultCode{});
-    EXPECT_EQ(deliver(), "-a-c");
+    EXPECT_EQ(deliver(nullptr), "ac");
     EXPECT_EQ(holder.clearCallbacks(), err::ResultCode{});
-    EXPECT_EQ(deliver(), "");
+    EXPECT_EQ(deliver(nullptr), "");
     EXPECT_EQ(holder.addCallback(nullptr), err::programError(err::kNullPointer));
     EXPECT_EQ(holder.removeCallback(nullptr), err::programError(err::kNullPointer));
 }
@@ -64,13 +59,13 @@ TEST_F(CallbackHolderTest, ListenersHearOnceAndInTheOrderOfAdding)
 TEST_F(CallbackHolderTest, AChangeDuringADeliveryCountsFromTheNextOne)
 {
     for (Listener* listener : {&a, &b})
-        static_cast<void>(holder.addCallback(listener));
-    change = [this] {
-        static_cast<void>(holder.removeCallback(&b));
-        static_cast<void>(holder.addCallback(&c));
+        EXPECT_EQ(holder.addCallback(listener), err::ResultCode{});
+    const auto change = [this] {
+        EXPECT_EQ(holder.removeCallback(&b), err::ResultCode{});
+        EXPECT_EQ(holder.addCallback(&c), err::ResultCode{});
     };
-    EXPECT_EQ(deliver(), "-a-b");
-    EXPECT_EQ(deliver(), "-a-c");
+    EXPECT_EQ(deliver(nullptr, change), "ab");
+    EXPECT_EQ(deliver(nullptr), "ac");
 }
 
 } // namespace

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
-#include <functional>
+#include <future>
 #include <memory>
 #include <thread>
 #include <vector>
@@ -11,23 +11,16 @@
 namespace quillon::sync {
 namespace {
 
-void runOnThreads(int count, const std::function<void()>& work)
-{
-    std::vector<std::jthread> threads;
-    for (int i = 0; i < count; ++i)
-        threads.emplace_back(work);
-}
-
 /// Whether another thread gets the lock; gives it back at once.
 bool othersCanLock(ILockable& lock)
 {
-    bool taken = false;
-    runOnThreads(1, [&] {
-        taken = lock.tryLock();
-        if (taken)
+    const auto take = [&lock] {
+        const bool isTaken = lock.tryLock();
+        if (isTaken)
             lock.unlock();
-    });
-    return taken;
+        return isTaken;
+    };
+    return std::async(std::launch::async, take).get();
 }
 
 TEST(SafeData, ItsHolderMayLockAgainAndOthersWaitForTheLastUnlock)
@@ -55,7 +48,8 @@ TEST(SafeValue, ExchangeLetsOneThreadOnlySeeTheFormerValue)
 {
     SafeValue<bool> isTaken;
     std::atomic<int> winners{0};
-    runOnThreads(8, [&] { winners += isTaken.exchange(true) ? 0 : 1; });
+    for (auto& thread : std::vector<std::jthread>(8))
+        thread = std::jthread([&] { winners += isTaken.exchange(true) ? 0 : 1; });
     EXPECT_EQ(winners, 1);
 }
 
