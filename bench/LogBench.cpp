@@ -4,7 +4,8 @@
 // file as its appender, in bursts that leave room in the file's queue. Prints the medians of the rounds in
 // nanoseconds of the calling thread's CPU time, and the ratios to the pair.
 
-#include "logger/AllocationCount.h"
+#include "AllocationCount.h"
+
 #include "logger/Log.h"
 #include "logger/LogAppenderUtf8File.h"
 #include "support/TempFolder.h"

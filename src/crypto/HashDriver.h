@@ -69,18 +69,22 @@ private:
 /// What every calculator does, whatever its engine.
 namespace quillon::crypto::internal {
 
-/// What a calculator holds beside its engine, each item under a lock of its own. `digest` always has the size
-/// of the engine's digest.
-struct HashState
+/// What a calculator and a cipher hold beside their engine, each item under a lock of its own.
+struct RunState
+{
+    sync::SafeValue<bool> stopRequested{false};
+    sync::SafeValue<bool> running{false};
+    sync::SafeValue<float> progress{0.0F};
+};
+
+/// The state of a calculator. `digest` always has the size of the engine's digest.
+struct HashState : RunState
 {
     explicit HashState(std::int32_t digestBytes)
         : digest(std::vector<char>(static_cast<std::size_t>(digestBytes)))
     {
     }
 
-    sync::SafeValue<bool> stopRequested{false};
-    sync::SafeValue<bool> running{false};
-    sync::SafeValue<float> progress{0.0F};
     sync::SafeData<sync::Locker, std::vector<char>> digest;
 };
 

@@ -40,7 +40,7 @@ void MainWindowDriver::type(const QString& text)
     QTest::mouseClick(&edit, Qt::LeftButton);
     QTest::keyClick(&edit, Qt::Key_A, Qt::ControlModifier);
     QTest::keyClick(&edit, Qt::Key_Delete);
-    typeInto(edit, text);
+    QTest::sendKeyEvent(QTest::Click, &edit, Qt::Key_unknown, text, Qt::NoModifier); // in one stroke
 }
 
 void MainWindowDriver::click(const char* button)
@@ -159,12 +159,6 @@ DialogAnswer::DialogAnswer(std::function<void(QDialog&)> answer)
         answer(*dialog);
     });
     m_timer.start(kLookAgainMs);
-}
-
-void typeInto(QWidget& widget, const QString& text)
-{
-    for (const QChar character : text)
-        QTest::sendKeyEvent(QTest::Click, &widget, Qt::Key_unknown, QString(character), Qt::NoModifier);
 }
 
 } // namespace quillon::tests

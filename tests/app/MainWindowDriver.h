@@ -33,12 +33,13 @@ public:
     void type(const QString& text); ///< in place of the edit field's text
     void click(const char* button);
     void clickToolButton(const char* action);
-    void chooseFromMenu(const char* action);
+    void chooseFromMenu(const char* action); ///< where a menu has it
     void drop(const char* widget, const QList<QUrl>& urls);
     void selectAlgorithm(const QString& row); ///< in the combo box
 
     /// Presses F5 and waits for the end of the run.
     [[nodiscard]] bool run();
+    [[nodiscard]] std::string resultOfRun() { return run() ? result() : "The run does not end"; }
 
     /// Waits until `count` runs have ended since the window was made.
     [[nodiscard]] bool waitForEnd(int count = 1);
@@ -95,8 +96,5 @@ private:
     bool m_isGiven = false;
     QTimer m_timer;
 };
-
-/// Enters a text into `widget`, character by character.
-void typeInto(QWidget& widget, const QString& text);
 
 } // namespace quillon::tests

@@ -18,20 +18,20 @@ protected:
     MainWindowTest() { CAppSettings().clear(); }
 
     // All names come as Qt writes them, with "/" on every system.
+    QString nameOf(std::string_view name) const
+    {
+        return QDir::fromNativeSeparators(QString::fromStdString(utf8Name(folder.file(name))));
+    }
+    QString folderName() const { return nameOf("x").section('/', 0, -2); }
+
     QString write(std::string_view name, std::string_view bytes) const
     {
-        return asQtWrites(folder.write(name, bytes));
-    }
-
-    QString nameOf(std::string_view name) const { return asQtWrites(folder.file(name)); }
-    QString folderName() const { return asQtWrites(folder.path()); }
-
-    static QString asQtWrites(const std::filesystem::path& path)
-    {
-        return QDir::fromNativeSeparators(QString::fromStdString(utf8Name(path)));
+        folder.write(name, bytes);
+        return nameOf(name);
     }
 
     TempFolder folder;
+    const QString plainCaption = "Calculated hash for the file";
 };
 
 /// The digest as the window must show it.

@@ -25,6 +25,7 @@
 #include <map>
 #include <random>
 #include <thread>
+#include <utility>
 
 namespace quillon::tests {
 namespace {
@@ -66,9 +67,10 @@ QByteArray bytesOf(const QString& name)
 std::string takeHelperCalls()
 {
     static QLibrary helper(QCoreApplication::applicationDirPath() + "/QxShellHelper");
-    std::wstring calls;
-    reinterpret_cast<void (*)(std::wstring&)>(helper.resolve("takeCalls"))(calls);
-    return QString::fromStdWString(calls).remove(QRegularExpression("[|][^\n]*")).toStdString();
+    std::wstring& calls = reinterpret_cast<std::wstring& (*)()>(helper.resolve("recordedCalls"))();
+    return QString::fromStdWString(std::exchange(calls, {}))
+        .remove(QRegularExpression("[|][^\n]*"))
+        .toStdString();
 }
 
 void logLine(const std::string& text)

@@ -6,77 +6,67 @@
 
 #include <functional>
 #include <string>
-#include <tuple>
 
+namespace quillon::callback {
 namespace {
 
-using quillon::callback::CallbackHolder;
-using quillon::callback::ICallback;
-using quillon::err::ResultCode;
+/// A message that notes who hears it.
+using Message = std::function<void(char listener)>;
 
-using Message = std::tuple<std::string>;
-using Holder = CallbackHolder<Message>;
-
-constexpr ResultCode kSuccess{0, 0};
-constexpr ResultCode kNull{5, 6};
-
-class Listener final : public ICallback<Message>
+struct Listener final : ICallback<Message>
 {
-public:
-    explicit Listener(std::function<void()> onMessage)
-        : m_onMessage(std::move(onMessage))
+    explicit Listener(char ownName)
+        : name(ownName)
     {
     }
-    void onCallback(const Message&) override { m_onMessage(); }
+    void onCallback(const Message& message) override { message(name); }
 
-private:
-    std::function<void()> m_onMessage;
+    const char name;
 };
 
-class CallbackHolderTest : public testing::Test
+struct CallbackHolderTest : testing::Test
 {
-protected:
-    std::string deliver(ICallback<Message>* source = nullptr)
+    std::string deliver(
+        Listener* source, const std::function<void()>& change = [] {})
     {
-        m_heard.clear();
-        m_holder.handleCallback(source, Message("news"));
-        return m_heard;
+        std::string heard;
+        holder.handleCallback(source, [&](char listener) {
+            heard += listener;
+            change();
+        });
+        return heard;
     }
 
-    Holder m_holder;
-    std::string m_heard;
-    Listener m_a{[this] { m_heard += 'a'; }};
-    Listener m_b{[this] { m_heard += 'b'; }};
-    Listener m_c{[this] { m_heard += 'c'; }};
+    CallbackHolder<Message> holder;
+    Listener a{'a'}, b{'b'}, c{'c'};
 };
 
 TEST_F(CallbackHolderTest, ListenersHearOnceAndInTheOrderOfAdding)
 {
-    EXPECT_EQ(deliver(), "");
-    for (Listener* listener : {&m_b, &m_a, &m_b, &m_c})
-        EXPECT_EQ(m_holder.addCallback(listener), kSuccess);
-    EXPECT_EQ(deliver(), "bac");
-    EXPECT_EQ(deliver(&m_a), "bc");
-    EXPECT_EQ(m_holder.removeCallback(&m_b), kSuccess);
-    EXPECT_EQ(m_holder.removeCallback(&m_b), kSuccess);
-    EXPECT_EQ(deliver(), "ac");
-    EXPECT_EQ(m_holder.clearCallbacks(), kSuccess);
-    EXPECT_EQ(deliver(), "");
-    EXPECT_EQ(m_holder.addCallback(nullptr), kNull);
-    EXPECT_EQ(m_holder.removeCallback(nullptr), kNull);
+    for (Listener* listener : {&b, &a, &b, &c})
+        EXPECT_EQ(holder.addCallback(listener), err::ResultCode{});
+    EXPECT_EQ(deliver(nullptr), "bac");
+    EXPECT_EQ(deliver(&a), "bc");
+    for (int i = 0; i < 2; ++i)
+        EXPECT_EQ(holder.removeCallback(&b), err::ResultCode{});
+    EXPECT_EQ(deliver(nullptr), "ac");
+    EXPECT_EQ(holder.clearCallbacks(), err::ResultCode{});
+    EXPECT_EQ(deliver(nullptr), "");
+    EXPECT_EQ(holder.addCallback(nullptr), err::programError(err::kNullPointer));
+    EXPECT_EQ(holder.removeCallback(nullptr), err::programError(err::kNullPointer));
 }
 
 TEST_F(CallbackHolderTest, AChangeDuringADeliveryCountsFromTheNextOne)
 {
-    Listener changing{[this] {
-        m_heard += 'x';
-        (void)m_holder.removeCallback(&m_b);
-        (void)m_holder.addCallback(&m_c);
-    }};
-    (void)m_holder.addCallback(&changing);
-    (void)m_holder.addCallback(&m_b);
-    EXPECT_EQ(deliver(), "xb");
-    EXPECT_EQ(deliver(), "xc");
+    for (Listener* listener : {&a, &b})
+        EXPECT_EQ(holder.addCallback(listener), err::ResultCode{});
+    const auto change = [this] {
+        EXPECT_EQ(holder.removeCallback(&b), err::ResultCode{});
+        EXPECT_EQ(holder.addCallback(&c), err::ResultCode{});
+    };
+    EXPECT_EQ(deliver(nullptr, change), "ab");
+    EXPECT_EQ(deliver(nullptr), "ac");
 }
 
 } // namespace
+} // namespace quillon::callback

@@ -1,168 +1,176 @@
 #pragma once
 
-#include "crypto/HashResult.h"
 #include "crypto/IHash.h"
 #include "crypto/IHashEngine.h"
+#include "err/ErrorText.h"
 #include "io/IIStream.h"
 
-#include <algorithm>
+#include <gtest/gtest.h>
+
 #include <cstdint>
-#include <cstring>
 #include <functional>
+#include <stdexcept>
 #include <string>
+#include <string_view>
 #include <utility>
-#include <vector>
 
 namespace quillon::tests {
 
-using Events = std::vector<std::string>;
-
-/// What a ScriptedEngine answers, and the events it has seen.
-struct Script
+/// A result as logs and tables write it: "0/0" for a success, "5/60" or "1/5,5/60".
+inline std::string codesOf(const crypto::HashResult& result)
 {
-    crypto::HashResult init;
-    crypto::HashResult update;
-    crypto::HashResult final;
-    crypto::HashResult getDigest;
-    std::function<void()> onUpdate = [] {};
-    Events events;
+    return err::errorCodesText(result.primary, result.secondary);
+}
+
+/// The events of a run as words such as "read64". `plan` tells what is to come, and a mark before a word what
+/// is special about that event: "!" it fails, "-" it passes no bytes, "~" half of them, and at "^" `onMark`
+/// is called in the middle of it.
+struct Course
+{
+    std::string plan;
+    std::function<void()> onMark{};
+    std::string heard{}; ///< equals `plan` where all came as planned
+
+    char note(const std::string& event)
+    {
+        if (plan.empty())
+            return '\0';
+        if (heard.size() > plan.size() + 1000)
+            throw std::runtime_error("a run without end: " + heard);
+        heard += heard.empty() ? "" : " ";
+        const char next = heard.size() < plan.size() ? plan[heard.size()] : '\0';
+        if (std::string_view("!-~^").find(next) != std::string_view::npos)
+            heard += next;
+        heard += event;
+        if (next == '^')
+            onMark();
+        return next;
+    }
 };
+
+/// How many of `count` bytes an event with `mark` passes.
+inline int passed(char mark, int count)
+{
+    return mark == '-' ? 0 : mark == '~' ? count / 2 : count;
+}
 
 /// An engine whose digest is the number of bytes absorbed, as four bytes, least significant first.
 class ScriptedEngine final : public crypto::IHashEngine
 {
 public:
-    static constexpr std::int32_t kDigestBytes = 4;
-
-    explicit ScriptedEngine(Script& script)
-        : m_script(script)
+    explicit ScriptedEngine(Course& course)
+        : m_course(course)
     {
     }
 
     [[nodiscard]] std::uint32_t getLibraryId() const override { return 7; }
     [[nodiscard]] std::uint32_t getAlgorithmId() const override { return 70; }
-    [[nodiscard]] std::int32_t getDigestSize() const override { return kDigestBytes; }
+    [[nodiscard]] std::int32_t getDigestSize() const override { return 4; }
     [[nodiscard]] std::int32_t getLibraryVersion() const override { return 1; }
     [[nodiscard]] bool isInitialised() const override { return true; }
 
     crypto::HashResult init() override
     {
         m_absorbed = 0;
-        return note("init", m_script.init);
+        return step("init");
     }
 
-    void release() override { m_script.events.emplace_back("release"); }
+    void release() override { m_course.note("release"); }
 
     crypto::HashResult update(const void* data, std::int32_t length) override
     {
-        m_script.onUpdate();
         m_absorbed += static_cast<std::uint32_t>(length);
-        return note((data == nullptr ? "update null " : "update ") + std::to_string(length), m_script.update);
+        return step((data == nullptr ? "null" : "update") + std::to_string(length));
     }
 
-    crypto::HashResult final() override { return note("final", m_script.final); }
+    crypto::HashResult final() override { return step("final"); }
 
-    crypto::HashResult getDigest(void* output, std::int32_t) const override
+    crypto::HashResult getDigest(void* output, std::int32_t size) const override
     {
-        for (int i = 0; i < kDigestBytes; ++i)
+        for (int i = 0; i < size; ++i)
             static_cast<char*>(output)[i] = static_cast<char>(m_absorbed >> (8 * i));
-        return note("getDigest", m_script.getDigest);
+        return step("digest");
     }
 
 private:
-    crypto::HashResult note(std::string event, const crypto::HashResult& result) const
+    crypto::HashResult step(const std::string& event) const
     {
-        m_script.events.push_back(std::move(event));
-        return result;
+        if (m_course.note(event) == '!')
+            return {{54, 3}, {5, 4000}};
+        return {};
     }
 
-    Script& m_script;
+    Course& m_course;
     std::uint32_t m_absorbed = 0;
 };
 
-/// Bytes in memory. Says `claimedSize`, delivers at most `mostPerRead` a read, and fails from `failAt` on.
-/// Past its end it delivers nothing, as a file that was cut short.
+/// Bytes in memory. Past its end it delivers nothing, as a file that was cut short.
 class MemoryStream final : public io::internal::IIStream<char>
 {
 public:
-    explicit MemoryStream(std::string bytes)
+    MemoryStream(Course& course, std::string bytes)
         : claimedSize(static_cast<std::int64_t>(bytes.size()))
+        , m_course(course)
         , m_bytes(std::move(bytes))
     {
     }
 
     std::int64_t claimedSize;
-    int mostPerRead = INT32_MAX;
-    std::size_t failAt = SIZE_MAX;
-    std::function<void()> onRead = [] {};
-    std::vector<int> counts;          ///< what each read asked for
-    std::vector<const char*> buffers; ///< where each read wrote
-
-    static constexpr err::ResultCode kError{1, 5};
 
     [[nodiscard]] bool isBegin() const override { return m_position == 0; }
     [[nodiscard]] bool isEnd() const override { return m_position >= m_bytes.size(); }
     [[nodiscard]] std::int64_t size() const override { return claimedSize; }
-    [[nodiscard]] err::ResultCode lastError() const override { return kError; }
+    [[nodiscard]] err::ResultCode lastError() const override { return {1, 5}; }
 
     bool read(char* buffer, int count, unsigned* bytesRead) override
     {
-        onRead();
-        counts.push_back(count);
-        buffers.push_back(buffer);
-        if (m_position >= failAt)
-            return false;
-        const std::size_t wanted = static_cast<std::size_t>(std::min(count, mostPerRead));
+        const char mark = m_course.note("read" + std::to_string(count));
+        const auto wanted = static_cast<std::size_t>(passed(mark, count));
         const std::size_t delivered = m_bytes.copy(buffer, wanted, m_position);
         m_position += delivered;
         *bytesRead = static_cast<unsigned>(delivered);
-        return true;
+        return mark != '!';
     }
 
 private:
+    Course& m_course;
     std::string m_bytes;
     std::size_t m_position = 0;
 };
 
-/// Writes what it hears into a list of events. `onFinished` and `onStarted` are called in the middle of it.
+/// Expects `userData` at each call.
 class RecordingCallback final : public crypto::IHashCallback
 {
 public:
-    explicit RecordingCallback(Events& events)
-        : m_events(events)
+    explicit RecordingCallback(Course& course)
+        : m_course(course)
     {
     }
 
-    std::function<void()> onStarted = [] {};
-    std::function<void()> onFinished = [] {};
-    std::vector<std::pair<std::int64_t, float>> reports;
-    bool stopped = false;
-    crypto::HashResult result;
     void* userData = nullptr;
+    crypto::HashResult result;
 
-    void onHashStarted(void* data) override
+    void onHashStarted(void* data) override { note("started", data); }
+
+    void onHashProgress(std::int64_t processedBytes, float percent, void* data) override
     {
-        userData = data;
-        m_events.emplace_back("started");
-        onStarted();
+        note(std::to_string(processedBytes) + '=' + std::to_string(static_cast<int>(percent)) + '%', data);
     }
 
-    void onHashProgress(std::int64_t processedBytes, float percent, void*) override
+    void onHashFinished(bool stopped, const crypto::HashResult& outcome, void* data) override
     {
-        m_events.emplace_back("progress");
-        reports.emplace_back(processedBytes, percent);
-    }
-
-    void onHashFinished(bool wasStopped, const crypto::HashResult& outcome, void*) override
-    {
-        m_events.emplace_back("finished");
-        stopped = wasStopped;
         result = outcome;
-        onFinished();
+        note(stopped ? "stopped" : "finished", data);
     }
 
 private:
-    Events& m_events;
+    void note(const std::string& event, void* data)
+    {
+        EXPECT_EQ(data, userData);
+        m_course.note(event);
+    }
+
+    Course& m_course;
 };
 
 } // namespace quillon::tests

@@ -1,57 +1,38 @@
-/// Usage: kestrum_e2e_drag_source FILE ...
+/// Usage: kestrum_e2e_drag_source FILE
 ///
-/// A window from which the mouse can drag the files, as from a file manager. What becomes of the drag is
-/// written to standard output, a line for each step: "started", "accepted" once the place under the pointer
-/// takes the files, then "dropped" or "refused".
+/// A window from which the mouse can drag the file, as from a file manager. What becomes of the drag is
+/// written to standard output: "accepted" once the place under the pointer takes the file, then "dropped" or
+/// "refused".
 
 #include <QApplication>
 #include <QDrag>
-#include <QFileInfo>
 #include <QLabel>
 #include <QMimeData>
-#include <QMouseEvent>
 #include <QUrl>
 
 #include <iostream>
 
 namespace {
 
-void report(const char* step)
-{
-    std::cout << step << std::endl; // flushed, as the test waits for the line
-}
-
 class DragSource final : public QLabel
 {
 public:
-    explicit DragSource(const QStringList& files)
-        : QLabel(QStringLiteral("Drag from here"))
-    {
-        for (const QString& file : files)
-            m_urls.append(QUrl::fromLocalFile(QFileInfo(file).absoluteFilePath()));
-        setWindowTitle(QStringLiteral("Drag source"));
-        setFixedSize(200, 100);
-    }
+    using QLabel::QLabel;
 
 protected:
-    void mousePressEvent(QMouseEvent* event) override { event->accept(); }
-
-    void mouseMoveEvent(QMouseEvent* /*event*/) override
+    void mousePressEvent(QMouseEvent* /*event*/) override
     {
-        auto* const drag = new QDrag(this); // Qt deletes it after the drop
+        auto* const drag = new QDrag(this); // Qt deletes it once the other side is through with the drop
         auto* const files = new QMimeData;
-        files->setUrls(m_urls);
+        files->setUrls({QUrl::fromLocalFile(QApplication::arguments().at(1))});
         drag->setMimeData(files);
         connect(drag, &QDrag::actionChanged, this, [](Qt::DropAction action) {
-            if (action != Qt::IgnoreAction)
-                report("accepted");
+            if (action == Qt::CopyAction)
+                std::cout << "accepted" << std::endl; // flushed, as the test waits for the line
         });
-        report("started");
-        report(drag->exec(Qt::CopyAction) == Qt::CopyAction ? "dropped" : "refused");
+        connect(drag, &QObject::destroyed, this, [] { std::cout << "ended" << std::endl; });
+        drag->exec(Qt::CopyAction);
     }
-
-private:
-    QList<QUrl> m_urls;
 };
 
 } // namespace
@@ -59,7 +40,9 @@ private:
 int main(int argc, char* argv[])
 {
     const QApplication application(argc, argv);
-    DragSource source(QApplication::arguments().mid(1));
+    DragSource source(QStringLiteral("Drag from here"));
+    source.setWindowTitle(QStringLiteral("Drag source"));
+    source.setGeometry(1000, 50, 200, 100); // beside the program's window
     source.show();
     return QApplication::exec();
 }

@@ -1,88 +1,56 @@
-"""The scripts by which people start the program."""
+# The scripts by which people start the program.
 
-import hashlib
 import os
 import pathlib
 import signal
 import subprocess
 import unittest
 
-from desktop import PROGRAM, DesktopTest, end_process
+from desktop import AWKWARD_NAME, CONTENT, LIMIT_S, PROGRAM, DesktopTest, end, hex_digest
 
-ROOT = pathlib.Path(__file__).resolve().parents[2]
-RUN = str(ROOT / "scripts" / "run.sh")
-RUN_HEADLESS = str(ROOT / "scripts" / "run-headless.sh")
-CONTENT = b"The quick brown fox jumps over the lazy dog"
-LIMIT_S = 120
-PNG_MARK = b"\x89PNG"
-
-
-def take_interrupts():
-    """Runs in the new process: tests started in the background have SIGINT switched off, and hand that on."""
-    signal.signal(signal.SIGINT, signal.SIG_DFL)
+SCRIPTS = pathlib.Path(__file__).resolve().parents[2] / "scripts"
 
 
 class HeadlessRun(DesktopTest):
-    """The files and folders of a desktop are used; its display is not."""
+    # The script starts its own.
+    def start_display(self):
+        self.environment["TMPDIR"] = str(self.folder)
+        self.picture = self.folder / "pictures" / "window.png"
 
-    def setUp(self):
-        super().setUp()
-        del self.desktop.environment["DISPLAY"]
-        self.environment = {**self.desktop.environment, "TMPDIR": str(self.desktop.folder)}
-        self.picture = self.files / "pictures" / "window.png"
-
-    def run_script(self, path, folder):
-        return subprocess.run([RUN_HEADLESS, PROGRAM, path, str(self.picture)], cwd=folder, env=self.environment,
-                              stdin=subprocess.DEVNULL, capture_output=True, timeout=LIMIT_S, check=False)
-
-    def processes(self):
-        """Command lines of the running processes that have this test's folder in their environment."""
-        found = []
-        for folder in pathlib.Path("/proc").glob("[0-9]*"):
-            try:
-                if f"TMPDIR={self.desktop.folder}\0".encode() in (folder / "environ").read_bytes():
-                    found.append((folder / "cmdline").read_text().split("\0"))
-            except OSError:
-                pass  # ended in the meantime, or somebody else's
-        return found
-
-    def check_nothing_is_left(self):
-        self.assertEqual(self.processes(), [])
-        self.assertEqual(list(self.desktop.folder.glob("tmp.*")), [])
+    # The exit status, output and messages of a run that act() deals with, and that leaves nothing behind.
+    def run_script(self, program, act=lambda script: None, size=len(CONTENT)):
+        path = self.make_file(AWKWARD_NAME)
+        os.truncate(path, size)
+        # Tests that run in the background have the interrupt switched off, and would hand that on.
+        command = ["env", "--default-signal=INT", SCRIPTS / "run-headless.sh", program, path, self.picture]
+        script = subprocess.Popen(command, env=self.environment, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
+                                  stderr=subprocess.PIPE, text=True, start_new_session=True)
+        self.addCleanup(end, script)
+        act(script)
+        output, messages = script.communicate(timeout=2 * LIMIT_S)
+        self.wait_for(lambda: self.ask("sh", "-c", f"kill -0 -{script.pid} || echo gone"), "the end of all its processes")
+        self.assertEqual(list(self.folder.glob("tmp.*")), [])
+        return script.returncode, output, messages
 
     def test_prints_the_digest_of_a_file_with_any_name(self):
-        name = "-two words 'single' \"double\" äöüß 漢字.bin"
-        path = self.make_file(name, CONTENT)
-        answer = self.run_script(str(path), self.files)
-        self.assertEqual(answer.returncode, 0, answer.stderr)
-        self.assertEqual(answer.stdout.decode(), hashlib.sha256(CONTENT).hexdigest().upper() + "\n")
-        self.assertEqual(self.picture.read_bytes()[:4], PNG_MARK)
-        self.check_nothing_is_left()
+        status, output, messages = self.run_script(PROGRAM)
+        self.assertEqual((status, output), (0, hex_digest("sha256") + "\n"), messages)
+        self.assertEqual(self.picture.read_bytes()[:4], b"\x89PNG")
 
     def test_an_interrupted_run_leaves_nothing_behind(self):
-        path = self.make_sparse_file("large.bin", 1 << 40)
+        # Signals the script and all that it started, as a terminal does, once the program is started.
+        def interrupt(script):
+            self.wait_for(lambda: list(self.folder.glob("tmp.*/program.log")), "the program is started")
+            os.killpg(script.pid, number)
+
         for number in (signal.SIGINT, signal.SIGTERM):
             with self.subTest(number.name):
-                self.interrupt(str(path), number)
-                self.check_nothing_is_left()
-
-    def interrupt(self, path, number):
-        """Sends the signal to the script and all that it started, as a terminal does, once the program runs."""
-        with subprocess.Popen([RUN_HEADLESS, PROGRAM, path, str(self.picture)], env=self.environment,
-                              stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, start_new_session=True,
-                              preexec_fn=take_interrupts) as script:
-            self.addCleanup(end_process, script)
-            self.desktop.wait_for(lambda: PROGRAM in (words[0] for words in self.processes()), "the program runs")
-            os.killpg(script.pid, number)
-            self.assertNotEqual(script.wait(LIMIT_S), 0)
+                self.assertNotEqual(self.run_script(PROGRAM, interrupt, 1 << 40)[0], 0)
 
     def test_a_program_that_ends_at_once_is_reported(self):
-        answer = subprocess.run([RUN_HEADLESS, "/bin/false", RUN, str(self.picture)], env=self.environment,
-                                capture_output=True, timeout=LIMIT_S, check=False)
-        self.assertNotEqual(answer.returncode, 0)
-        self.assertEqual(answer.stdout, b"")
-        self.assertIn(b"The window did not open.", answer.stderr)
-        self.check_nothing_is_left()
+        status, output, messages = self.run_script("/bin/false")
+        self.assertEqual((status, output), (1, ""))
+        self.assertIn("The window did not open.", messages)
 
 
 class Refusals(unittest.TestCase):
@@ -91,6 +59,6 @@ class Refusals(unittest.TestCase):
         for arguments, message in ((["-missing file"], "-missing file: no such file"), (["/"], "/: not a file"),
                                    ([], no_display)):
             with self.subTest(arguments):
-                answer = subprocess.run([RUN, *arguments], env={"PATH": os.environ["PATH"]}, capture_output=True,
-                                        timeout=LIMIT_S, check=False)
-                self.assertEqual((answer.returncode, answer.stdout, answer.stderr.decode()), (1, b"", message + "\n"))
+                answer = subprocess.run([SCRIPTS / "run.sh", *arguments], env={"PATH": os.environ["PATH"]},
+                                        capture_output=True, text=True, timeout=LIMIT_S, check=False)
+                self.assertEqual((answer.returncode, answer.stdout, answer.stderr), (1, "", message + "\n"))

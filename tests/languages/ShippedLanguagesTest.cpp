@@ -12,13 +12,11 @@
 #include <gtest/gtest.h>
 
 #include <string>
-#include <tuple>
 #include <vector>
 
 namespace {
 
 namespace i18n = quillon::i18n;
-using Translations = std::vector<i18n::internal::Translation<char>>;
 
 /// How many source texts a file has, compared as the program compares them.
 std::size_t sourcesIn(const std::string& name)
@@ -34,9 +32,9 @@ std::size_t sourcesIn(const std::string& name)
 
 TEST(ShippedLanguages, AreReadToTheLastText)
 {
+    loadStartLanguage(); // which also names the product, whose list it is
     auto& bundle = i18n::getStrBundleMgr();
-    EXPECT_TRUE(succeeded(bundle.setProductName("Kestrum")));
-    Translations list;
+    std::vector<i18n::internal::Translation<char>> list;
     ASSERT_TRUE(succeeded(bundle.getTranslations(list)));
     EXPECT_EQ(list.size(), 8U);
     for (const auto& language : list) {
@@ -49,35 +47,27 @@ TEST(ShippedLanguages, AreReadToTheLastText)
     }
 }
 
-struct StoredLanguage
+TEST(ShippedLanguages, StartWithTheStoredOneOrEnglishAndLeaveTheStoreAlone)
 {
-    QVariant stored;
-    const char* language;
-    const char* fileMenu;
-};
-
-class StartLanguage : public testing::TestWithParam<StoredLanguage>
-{
-};
-
-TEST_P(StartLanguage, IsTheStoredOneOrEnglishAndStaysStored)
-{
-    CAppSettings().clear();
-    if (GetParam().stored.isValid())
-        CAppSettings().setValue(thisapp::settings::LocaleId, GetParam().stored);
-    loadStartLanguage();
-    const auto& bundle = i18n::getStrBundleMgr();
-    EXPECT_EQ(bundle.getProductName(), "Kestrum");
-    EXPECT_EQ(bundle.getLanguage() + '-' + bundle.getCountry(), GetParam().language);
-    EXPECT_EQ(bundle.getString("CMainWindow", "File"), GetParam().fileMenu);
-    EXPECT_EQ(CAppSettings().value(thisapp::settings::LocaleId).toString(), GetParam().stored.toString());
+    struct Start
+    {
+        QVariant stored;
+        const char* language;
+        const char* fileMenu;
+    };
+    for (const auto& [stored, language, fileMenu] :
+         {Start{QVariant(), "en-US", "File"}, Start{1031, "de-DE", "Datei"}, Start{1032, "el-GR", "Αρχείο"},
+          Start{1043, "nl-NL", "File"}, Start{9999, "en-US", "File"}, Start{"Deutsch", "en-US", "File"}}) {
+        CAppSettings().clear();
+        if (stored.isValid())
+            CAppSettings().setValue(thisapp::settings::LocaleId, stored);
+        loadStartLanguage();
+        const auto& bundle = i18n::getStrBundleMgr();
+        EXPECT_EQ(bundle.getProductName(), "Kestrum");
+        EXPECT_EQ(bundle.getLanguage() + '-' + bundle.getCountry(), language);
+        EXPECT_EQ(bundle.getString("CMainWindow", "File"), fileMenu);
+        EXPECT_EQ(CAppSettings().value(thisapp::settings::LocaleId), stored);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Stored, StartLanguage,
-    testing::Values(StoredLanguage{QVariant(), "en-US", "File"}, StoredLanguage{1031, "de-DE", "Datei"},
-                    StoredLanguage{1032, "el-GR", "Αρχείο"}, StoredLanguage{1043, "nl-NL", "File"},
-                    StoredLanguage{0, "en-US", "File"}, StoredLanguage{9999, "en-US", "File"},
-                    StoredLanguage{"Deutsch", "en-US", "File"}));
 
 } // namespace

@@ -6,9 +6,7 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <sstream>
-#include <thread>
 
 namespace quillon::tests {
 
@@ -29,7 +27,6 @@ protected:
     /// Ends the appender, which loses what it has not yet begun to write, and starts another.
     void restart()
     {
-        appender.reset();
         appender = std::make_unique<Appender>(1, utf8Name(path));
         EXPECT_TRUE(err::succeeded(appender->start()));
     }
@@ -60,40 +57,6 @@ protected:
             append(message);
             return content().find(lineOf(message)) != std::string::npos;
         });
-    }
-
-    /// Logs from four threads to `one` and from four to `other` until their queues could be full.
-    void expectAllLinesOfEightThreads(Appender& one, Appender& other) const
-    {
-        std::vector<std::string> expected;
-        std::vector<std::jthread> threads;
-        for (const std::uint32_t thread : {0, 1, 2, 3, 4, 5, 6, 7}) {
-            std::vector<std::string> messages;
-            for (std::size_t i = 0; i < 1250; ++i) {
-                // Often longer than a page, so that lines lie across the end of every buffer.
-                messages.push_back(std::to_string(i) + std::string(i % 9 == 0 ? 9000 : i % 31, 'x') + '.');
-                expected.push_back(lineOf(messages.back(), thread));
-            }
-            threads.emplace_back([thread, messages, &appender = thread % 2 == 0 ? one : other] {
-                for (const std::string& message : messages)
-                    appender.append(0, 1, thread, logger::ELogLevel::Error, "test", message.c_str(), 0);
-            });
-        }
-        EXPECT_TRUE(waitUntil([&] { return linesByThread() == expected; }));
-    }
-
-    /// The lines of each thread in their order. A writer that opens the file in the middle of another's write
-    /// may leave an empty line.
-    [[nodiscard]] std::vector<std::string> linesByThread() const
-    {
-        std::vector<std::string> lines;
-        std::istringstream stream(content());
-        for (std::string line; std::getline(stream, line);) {
-            if (!line.empty())
-                lines.push_back(line + '\n');
-        }
-        std::ranges::stable_sort(lines, {}, [](const std::string& line) { return line.substr(0, 23); });
-        return lines;
     }
 
     TempFolder folder;

@@ -13,35 +13,23 @@
 
 #include <filesystem>
 #include <fstream>
+#include <utility>
 
 namespace quillon::tests {
 namespace {
 
 constexpr err::ResultCode kSuccess;
-constexpr err::ResultCode kNotLoaded = err::programError(err::kLibraryNotLoaded);
 constexpr err::ResultCode kRecorded{1, 77};
 
 const std::wstring kId = text::wideFromUtf8(vars::kProductGuid);
 
-/// Gives the menu text the language of its choice.
-class Language : public QTranslator
+/// Gives every text the form of its choice, where it has one.
+struct Language : QTranslator
 {
-public:
-    explicit Language(const char* text)
-        : m_text(text)
-    {
-        QCoreApplication::installTranslator(this);
-    }
-
     [[nodiscard]] bool isEmpty() const override { return false; }
-    [[nodiscard]] QString translate(const char* /*context*/, const char* source,
-                                    const char* /*disambiguation*/, int /*n*/) const override
-    {
-        return QString(source) == "Send To %1" ? m_text : QString();
-    }
+    QString translate(const char*, const char*, const char*, int) const override { return m_form; }
 
-private:
-    QString m_text;
+    QString m_form;
 };
 
 class CShellIntegrationTest : public testing::Test
@@ -50,41 +38,32 @@ protected:
     CShellIntegrationTest()
     {
         std::filesystem::remove_all(m_link);
+        std::filesystem::create_directories(m_link.parent_path());
         m_shell.init(); // finds no library beside the test program
     }
 
     ~CShellIntegrationTest() override { std::filesystem::remove_all(m_link); }
 
-    [[nodiscard]] static std::string folder(const char* kind)
-    {
-        return std::string(KESTRUM_HELPERS "/") + kind;
-    }
-
     void loadRecorder()
     {
-        const std::string library =
-            folder("recording") + '/' + platform::runtimeLibraryFileName("QxShellHelper");
-        ASSERT_EQ(m_shell.load(text::wideFromUtf8(folder("recording")).c_str()), kSuccess);
-        ASSERT_EQ(loadShellLibrary(library, m_recorder), kSuccess);
+        const std::string folder = KESTRUM_HELPERS "/recording/";
+        ASSERT_EQ(m_shell.load(text::wideFromUtf8(folder).c_str()), kSuccess);
+        m_recorder = platform::loadRuntimeLibrary(folder + platform::runtimeLibraryFileName("QxShellHelper"));
     }
 
     /// What the library was asked since the last question.
     [[nodiscard]] std::wstring calls() const
     {
-        std::wstring text;
-        void* const address = platform::findLibrarySymbol(m_recorder.module, "takeCalls");
-        reinterpret_cast<void (*)(std::wstring&)>(address)(text);
-        return text;
+        void* const address = platform::findLibrarySymbol(m_recorder, "recordedCalls");
+        return std::exchange(reinterpret_cast<std::wstring& (*)()>(address)(), {});
     }
 
     [[nodiscard]] static std::wstring removals(const std::wstring& text)
     {
         std::wstring lines;
-        for (const wchar_t* type : {L"Directory|", L"*|"})
+        for (const std::wstring type : {L"Directory|", L"*|"})
             for (const std::wstring& name : {text, std::wstring(L"Send To Kestrum")})
-                lines.append(L"removeShellContextMenuForUserT|")
-                    .append(type)
-                    .append(name + L'|' + kId + L'\n');
+                lines += L"removeShellContextMenuForUserT|" + type + name + L'|' + kId + L'\n';
         return lines;
     }
 
@@ -94,29 +73,23 @@ protected:
                platform::shellFileCommand(platform::programPath()) + L'|' + kId + L'\n';
     }
 
-    void makeLink() const
-    {
-        std::filesystem::create_directories(m_link.parent_path());
-        ASSERT_TRUE(std::ofstream(m_link));
-    }
-
     // No QFileInfo: to that a link's file on Windows is what the link points to.
     const QString m_linkName = platform::sendToLinkPath(vars::kProductName, vars::kProductGuid);
     const std::filesystem::path m_link = m_linkName.toStdU16String();
     CShellIntegration m_shell;
-    ShellLibrary m_recorder;
+    platform::RuntimeLibrary m_recorder;
 };
 
 TEST_F(CShellIntegrationTest, MakesNothingWithoutTheWholeLibraryButTakesTheLinkAway)
 {
     EXPECT_EQ(m_shell.load(nullptr), err::programError(err::kInvalidArgument));
-    for (const char* kind : {"missing", "lacking"})
-        EXPECT_EQ(m_shell.load(text::wideFromUtf8(folder(kind)).c_str()).group, err::kGroupSystem) << kind;
+    for (const char* folder : {KESTRUM_HELPERS "/missing", KESTRUM_HELPERS "/lacking"})
+        EXPECT_EQ(m_shell.load(text::wideFromUtf8(folder).c_str()).group, err::kGroupSystem) << folder;
     EXPECT_EQ(m_shell.removeContextMenu(), kSuccess);
-    EXPECT_EQ(m_shell.createContextMenu(), kNotLoaded);
+    EXPECT_EQ(m_shell.createContextMenu(), err::programError(err::kLibraryNotLoaded));
     m_shell.renewContextMenu();
-    EXPECT_EQ(m_shell.createSendToLink(), kNotLoaded);
-    makeLink();
+    EXPECT_EQ(m_shell.createSendToLink(), err::programError(err::kLibraryNotLoaded));
+    std::ofstream(m_link).close();
     EXPECT_EQ(m_shell.createSendToLink(), kSuccess); // it is there
     EXPECT_EQ(m_shell.removeSendToLink(), kSuccess);
     EXPECT_FALSE(std::filesystem::exists(m_link));
@@ -130,12 +103,14 @@ TEST_F(CShellIntegrationTest, RenewalTakesAwayTheTextThatWasCreated)
     EXPECT_EQ(calls(), creation(L"Send To Kestrum"));
     EXPECT_EQ(m_shell.createContextMenu(), kRecorded);
     EXPECT_EQ(calls(), creation(L"Send To Kestrum"));
-    const Language german("An %1 senden");
+    Language language;
+    QCoreApplication::installTranslator(&language);
+    language.m_form = "An %1 senden";
     EXPECT_EQ(m_shell.removeContextMenu(), kSuccess); // the text stays until it is renewed
     EXPECT_EQ(calls(), removals(L"Send To Kestrum"));
     m_shell.renewContextMenu();
     EXPECT_EQ(calls(), removals(L"Send To Kestrum") + creation(L"An Kestrum senden"));
-    const Language russian("\u0412 %1");
+    language.m_form = "\u0412 %1";
     m_shell.renewContextMenu();
     EXPECT_EQ(calls(), removals(L"An Kestrum senden") + creation(L"\u0412 Kestrum"));
 }
@@ -147,7 +122,7 @@ TEST_F(CShellIntegrationTest, MakesTheLinkWhereNoFileIsAndSparesAFolder)
                               L"|Kestrum|" + m_linkName.toStdWString() + L'\n';
     EXPECT_EQ(m_shell.createSendToLink(), kRecorded);
     EXPECT_EQ(calls(), link);
-    makeLink();
+    std::ofstream(m_link).close();
     EXPECT_EQ(m_shell.createSendToLink(), kSuccess);
     EXPECT_EQ(calls(), L"");
     ASSERT_TRUE(std::filesystem::remove(m_link) && std::filesystem::create_directory(m_link));

@@ -3,42 +3,28 @@
 #include "shellhelper/QxShellHelper.h"
 
 #include <string>
-#include <string_view>
 
-namespace {
-
-std::wstring& calls()
+/// The calls since somebody emptied it, each with its texts in one line.
+extern "C" QXSHELL_EXPORT std::wstring& recordedCalls()
 {
-    static std::wstring text;
-    return text;
+    static std::wstring calls;
+    return calls;
 }
 
-void add(std::string_view text)
+template <class Char>
+void record(const Char* text)
 {
-    calls().append(text.begin(), text.end());
+    for (; *text != Char(); ++text)
+        recordedCalls() += static_cast<wchar_t>(*text);
 }
 
-void add(std::wstring_view text)
-{
-    calls().append(text);
-}
-
-} // namespace
-
-/// The calls since the last question, each with its texts in one line.
-extern "C" QXSHELL_EXPORT void takeCalls(std::wstring& text)
-{
-    text.clear();
-    text.swap(calls());
-}
-
-#define RECORD_TEXT(text) (add("|"), add(text))
+#define RECORD_TEXT(text) (record("|"), record(text))
 #define RECORD(family, suffix, Text)                                                                         \
     QxShellResult qxshell_##family##suffix(QXSHELL_##family(Text)) noexcept                                  \
     {                                                                                                        \
-        add(#family #suffix);                                                                                \
+        record(#family #suffix);                                                                             \
         QXSHELL_##family(RECORD_TEXT);                                                                       \
-        add("\n");                                                                                           \
+        record("\n");                                                                                        \
         return {1, 77};                                                                                      \
     }
 QXSHELL_FUNCTIONS(RECORD)

@@ -32,12 +32,10 @@ inline std::string bytesFromHex(std::string_view hex)
 {
     std::string bytes;
     for (std::size_t i = 0; i < hex.size(); i += 2) {
-        const std::string byte(hex.substr(i, 2));
         std::size_t used = 0;
-        const int value = std::stoi(byte, &used, 16);
+        bytes += static_cast<char>(std::stoi(std::string(hex.substr(i, 2)), &used, 16));
         if (used != 2)
-            throw std::runtime_error("not hexadecimal: " + byte);
-        bytes += static_cast<char>(value);
+            throw std::runtime_error("not hexadecimal: " + std::string(hex));
     }
     return bytes;
 }

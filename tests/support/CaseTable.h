@@ -14,7 +14,7 @@ namespace quillon::tests {
 using CaseRow = std::vector<std::string>;
 
 /// What a cell of a table stands for: itself, without blanks at its ends, and with the bytes that "{0D0A}"
-/// names in hexadecimal, or "{0A*3}" so many times.
+/// names in hexadecimal, or "{0A*3}" so many times; `{"ab"*3}` is the text in quotes so many times.
 inline std::string cellText(std::string_view cell)
 {
     const std::size_t start = cell.find_first_not_of(' ');
@@ -25,10 +25,12 @@ inline std::string cellText(std::string_view cell)
     for (std::size_t open = 0; (open = cell.find('{')) != std::string_view::npos;) {
         const std::size_t close = cell.find('}', open);
         const std::string code(cell.substr(open + 1, close - open - 1));
-        const std::size_t star = code.find('*');
+        const std::size_t star = code.rfind('*');
+        const std::string unit =
+            code.starts_with('"') ? code.substr(1, code.rfind('"') - 1) : bytesFromHex(code.substr(0, star));
         text += cell.substr(0, open);
         for (int i = star == std::string::npos ? 1 : std::stoi(code.substr(star + 1)); i > 0; --i)
-            text += bytesFromHex(code.substr(0, star));
+            text += unit;
         cell.remove_prefix(close + 1);
     }
     return text.append(cell);

@@ -10,13 +10,8 @@ namespace quillon::tests {
 class OrdinaryUser
 {
 public:
-    OrdinaryUser() { setfsuid(kNobody); }
-    OrdinaryUser(const OrdinaryUser&) = delete;
-    OrdinaryUser& operator=(const OrdinaryUser&) = delete;
+    OrdinaryUser() { setfsuid(65534); } // nobody
     ~OrdinaryUser() { setfsuid(geteuid()); }
-
-private:
-    static constexpr uid_t kNobody = 65534;
 };
 
 } // namespace quillon::tests

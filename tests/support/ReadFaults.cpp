@@ -4,87 +4,33 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <atomic>
 #include <cerrno>
-#include <condition_variable>
-#include <mutex>
-#include <system_error>
+#include <thread>
 
 namespace quillon::tests {
 namespace {
 
-struct Plan
-{
-    dev_t device = 0;
-    ino_t node = 0;
-    std::chrono::milliseconds delay{0};
-    unsigned failAt = 0;
-    int error = 0;
-    unsigned holdFrom = 0;
-    bool isOver = false;
-    unsigned reads = 0;
-    unsigned failures = 0;
-    unsigned holds = 0;
-};
+// Asked at every read of the program, also at those before and after main. No file has the number 0.
+std::atomic<ino_t> node{0};
+std::atomic<dev_t> device{0};
 
-struct Shared
-{
-    std::mutex lock;
-    std::condition_variable changed;
-    Plan plan;
-};
-
-// Asked at every read of the program, also at those before and after main.
-std::atomic<bool> isArmed{false};
-
-Shared& shared()
-{
-    // Never destroyed: a worker may be in the middle of a read when the program ends.
-    static auto* const instance = new Shared;
-    return *instance;
-}
-
-template <class Change>
-void change(Change apply)
-{
-    const std::lock_guard guard(shared().lock);
-    apply(shared().plan);
-    shared().changed.notify_all();
-}
-
-unsigned ask(unsigned Plan::*count)
-{
-    const std::lock_guard guard(shared().lock);
-    return shared().plan.*count;
-}
-
-bool isFileOfPlan(int descriptor)
+bool isWatched(int descriptor)
 {
     struct stat status = {};
-    if (fstat(descriptor, &status) != 0)
-        return false;
-    const std::lock_guard guard(shared().lock);
-    return status.st_dev == shared().plan.device && status.st_ino == shared().plan.node;
+    return node != 0 && fstat(descriptor, &status) == 0 && status.st_ino == node && status.st_dev == device;
 }
 
-/// What the plan has for this read; the answer is the error to fail with, or 0.
+/// What there is for this read; the answer is the error to fail with, or 0.
 int undergo()
 {
-    std::unique_lock guard(shared().lock);
-    Plan& plan = shared().plan;
-    const unsigned number = ++plan.reads;
-    shared().changed.wait_for(guard, plan.delay, [&plan] { return plan.isOver; });
-    const auto isFree = [&plan, number] {
-        return plan.isOver || plan.holdFrom == 0 || number < plan.holdFrom;
-    };
-    if (!isFree()) {
-        ++plan.holds;
-        shared().changed.wait(guard, isFree);
-    }
-    if (number != plan.failAt || plan.isOver)
-        return 0;
-    ++plan.failures;
-    return plan.error;
+    unsigned number = ++ReadFaults::reads;
+    unsigned from = ReadFaults::heldFrom;
+    if (from != 0 && number >= from)
+        ++ReadFaults::holds;
+    for (; from != 0 && number >= from; from = ReadFaults::heldFrom)
+        ReadFaults::heldFrom.wait(from);
+    std::this_thread::sleep_for(std::chrono::milliseconds(ReadFaults::delayMs));
+    return ReadFaults::failAt.compare_exchange_strong(number, 0) ? ReadFaults::error.load() : 0;
 }
 
 } // namespace
@@ -92,58 +38,24 @@ int undergo()
 ReadFaults::ReadFaults(const std::string& path)
 {
     struct stat status = {};
-    if (stat(path.c_str(), &status) != 0)
-        throw std::system_error(errno, std::generic_category(), path);
-    change([&status](Plan& plan) {
-        plan = Plan{};
-        plan.device = status.st_dev;
-        plan.node = status.st_ino;
-    });
-    isArmed = true;
+    stat(path.c_str(), &status);
+    for (auto* const value : {&delayMs, &reads, &holds, &failAt, &heldFrom})
+        *value = 0;
+    device = status.st_dev;
+    node = status.st_ino;
 }
 
 ReadFaults::~ReadFaults()
 {
-    isArmed = false;
-    change([](Plan& plan) { plan.isOver = true; });
-}
-
-void ReadFaults::delayEach(std::chrono::milliseconds delay)
-{
-    change([delay](Plan& plan) { plan.delay = delay; });
-}
-
-void ReadFaults::fail(unsigned number, int error)
-{
-    change([number, error](Plan& plan) {
-        plan.failAt = number;
-        plan.error = error;
-    });
+    node = 0;
+    failAt = 0;
+    release();
 }
 
 void ReadFaults::holdFrom(unsigned number)
 {
-    change([number](Plan& plan) { plan.holdFrom = number; });
-}
-
-void ReadFaults::release()
-{
-    holdFrom(0);
-}
-
-unsigned ReadFaults::reads() const
-{
-    return ask(&Plan::reads);
-}
-
-unsigned ReadFaults::failures() const
-{
-    return ask(&Plan::failures);
-}
-
-unsigned ReadFaults::holds() const
-{
-    return ask(&Plan::holds);
+    heldFrom = number;
+    heldFrom.notify_all();
 }
 
 } // namespace quillon::tests
@@ -154,11 +66,8 @@ extern "C" ssize_t read(int descriptor, void* buffer, size_t count)
     // The next one in line rather than the bare system call: it may be a sanitizer's, which must see the
     // read.
     static const auto next = reinterpret_cast<Read>(dlsym(RTLD_NEXT, "read"));
-    if (quillon::tests::isArmed && quillon::tests::isFileOfPlan(descriptor)) {
-        if (const int error = quillon::tests::undergo(); error != 0) {
-            errno = error;
-            return -1;
-        }
-    }
-    return next(descriptor, buffer, count);
+    const int fault = quillon::tests::isWatched(descriptor) ? quillon::tests::undergo() : 0;
+    if (fault != 0)
+        errno = fault;
+    return fault != 0 ? -1 : next(descriptor, buffer, count);
 }

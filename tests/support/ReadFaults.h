@@ -1,6 +1,6 @@
 #pragma once
 
-#include <chrono>
+#include <atomic>
 #include <string>
 
 namespace quillon::tests {
@@ -20,20 +20,18 @@ public:
     ReadFaults(const ReadFaults&) = delete;
     ReadFaults& operator=(const ReadFaults&) = delete;
 
-    /// Every further read takes so much longer.
-    void delayEach(std::chrono::milliseconds delay);
-
-    /// Read number `number`, counted from 1, fails with the system error `error`.
-    void fail(unsigned number, int error);
-
-    /// Read number `number` and those behind it wait for `release`, the ones before it no longer.
+    /// Read number `number`, counted from 1, and those behind it wait for `release`, the ones before it no
+    /// longer.
     void holdFrom(unsigned number);
-    void release();
+    void release() { holdFrom(0); }
 
-    /// How often each has really happened.
-    [[nodiscard]] unsigned reads() const;
-    [[nodiscard]] unsigned failures() const;
-    [[nodiscard]] unsigned holds() const;
+    // Static, as a worker may be in the middle of a read when the program ends.
+    static inline std::atomic<unsigned> delayMs; ///< which every further read takes longer
+    static inline std::atomic<unsigned> reads;   ///< made so far
+    static inline std::atomic<unsigned> holds;   ///< that were held so far
+    static inline std::atomic<unsigned> failAt;  ///< the read that is to fail; 0 once it has
+    static inline std::atomic<int> error;        ///< of the system, with which it fails
+    static inline std::atomic<unsigned> heldFrom;
 };
 
 } // namespace quillon::tests

@@ -1,9 +1,9 @@
 #pragma once
 
-#include <atomic>
 #include <filesystem>
 #include <fstream>
 #include <random>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <system_error>
@@ -33,14 +33,8 @@ inline std::wstring wideName(const std::filesystem::path& path)
 class TempFolder
 {
 public:
-    TempFolder()
-        : m_path(uniquePath())
-    {
-        std::filesystem::create_directories(m_path);
-    }
+    TempFolder() { std::filesystem::create_directories(m_path); }
     TempFolder(const TempFolder&) = delete;
-    TempFolder& operator=(const TempFolder&) = delete;
-
     ~TempFolder()
     {
         std::error_code ignored;
@@ -58,26 +52,15 @@ public:
     /// Writes a file with exactly `bytes`, in place of one that is there, and returns its full name.
     std::filesystem::path write(std::string_view name, std::string_view bytes) const
     {
-        std::filesystem::path target = file(name);
-        std::ofstream stream(target, std::ios::binary);
-        stream.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-        stream.close();
-        if (!stream)
-            throw std::filesystem::filesystem_error("writing a test file failed", target,
-                                                    std::make_error_code(std::errc::io_error));
+        const std::filesystem::path target = file(name);
+        if (!(std::ofstream(target, std::ios::binary) << bytes << std::flush))
+            throw std::runtime_error("cannot write the test file " + utf8Name(target));
         return target;
     }
 
 private:
-    static std::filesystem::path uniquePath()
-    {
-        static std::atomic<unsigned> counter{0};
-        std::random_device random;
-        return std::filesystem::temp_directory_path() /
-               ("kestrum-test-" + std::to_string(random()) + '-' + std::to_string(counter++));
-    }
-
-    std::filesystem::path m_path;
+    const std::filesystem::path m_path =
+        std::filesystem::temp_directory_path() / ("kestrum-test-" + std::to_string(std::random_device()()));
 };
 
 } // namespace quillon::tests

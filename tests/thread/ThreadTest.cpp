@@ -1,126 +1,85 @@
 #include "thread/Thread.h"
 
-#include "err/ResultCode.h"
 #include "support/PrintResultCode.h"
 
 #include <gtest/gtest.h>
 
-#include <condition_variable>
-#include <mutex>
-#include <thread>
+#include <cstdlib>
+#include <functional>
+#include <future>
+#include <new>
+
+namespace {
+thread_local bool hasNoMemory = false;
+}
+
+// A run takes memory before it takes a thread, and fails in the same way without either.
+void* operator new(std::size_t size)
+{
+    void* const memory = hasNoMemory ? nullptr : std::malloc(size);
+    return memory != nullptr ? memory : throw std::bad_alloc();
+}
+
+void operator delete(void* memory) noexcept
+{
+    std::free(memory);
+}
+
+void operator delete(void* memory, std::size_t) noexcept
+{
+    std::free(memory);
+}
 
 namespace quillon::thread {
 namespace {
 
-constexpr std::uint32_t kLimitMs = 60'000;
+using err::ResultCode;
 
-/// Runs until the test opens the gate, and keeps what it was called with.
-class GatedRunnable final : public IRunnable
+struct Work final : IRunnable
 {
-public:
-    explicit GatedRunnable(bool isOpen)
-        : m_isOpen(isOpen)
-    {
-    }
+    ResultCode run(std::uint32_t id, std::int64_t param) override { return body(id, param); }
 
-    err::ResultCode run(std::uint32_t id, std::int64_t param) override
-    {
-        std::unique_lock guard(m_mutex);
-        m_changed.wait(guard, [this] { return m_isOpen; });
-        lastId = id;
-        lastParam = param;
-        worker = std::this_thread::get_id();
-        return result;
-    }
-
-    void open()
-    {
-        const std::lock_guard guard(m_mutex);
-        m_isOpen = true;
-        m_changed.notify_all();
-    }
-
-    err::ResultCode result{7, 70};
-    std::uint32_t lastId = 0;
-    std::int64_t lastParam = 0;
-    std::thread::id worker;
-
-private:
-    std::mutex m_mutex;
-    std::condition_variable m_changed;
-    bool m_isOpen;
+    std::function<ResultCode(std::uint32_t, std::int64_t)> body;
 };
 
-TEST(Thread, WaitWithoutARunAnswersAtOnce)
+TEST(Thread, RunsOnAWorkerOneRunAtATimeAndEachLeavesItsOwnResult)
 {
     Thread thread;
-    EXPECT_EQ(thread.wait(), WaitStatus::Deferred);
-    EXPECT_EQ(thread.waitFor(kLimitMs), WaitStatus::Deferred);
-    EXPECT_EQ(static_cast<int>(WaitStatus::Deferred), 2);
-}
-
-TEST(Thread, ARunHappensOnAWorkerAndLeavesItsResult)
-{
-    GatedRunnable work(true);
-    Thread thread;
+    EXPECT_EQ(thread.waitFor(60'000), WaitStatus::Deferred) << "with nothing to wait for";
     thread.setId(100);
-    thread.setUserFlag(-3);
+    Work work;
     thread.setRunnable(&work);
-    ASSERT_EQ(thread.start(std::int64_t{1} << 40), err::ResultCode{});
-    ASSERT_EQ(thread.waitFor(kLimitMs), WaitStatus::Ready);
-    EXPECT_FALSE(thread.isRunning());
-    EXPECT_EQ(thread.getResult(), work.result);
-    EXPECT_EQ(work.lastId, 100U);
-    EXPECT_EQ(work.lastParam, std::int64_t{1} << 40);
-    EXPECT_NE(work.worker, std::this_thread::get_id());
-    EXPECT_EQ(thread.getUserFlag(), -3);
-}
-
-TEST(Thread, DuringARunStartIsRefusedAndTheResultIsClean)
-{
-    GatedRunnable work(false);
-    Thread thread;
-    thread.setRunnable(&work);
-    ASSERT_EQ(thread.start(), err::ResultCode{});
-    EXPECT_TRUE(thread.isRunning());
-    EXPECT_EQ(thread.waitFor(1), WaitStatus::TimedOut);
-    EXPECT_EQ(thread.start(5), (err::ResultCode{5, 8}));
-    EXPECT_EQ(thread.getResult(), err::ResultCode{});
-    work.open();
-    EXPECT_EQ(thread.wait(), WaitStatus::Ready);
-    EXPECT_EQ(work.lastParam, 0);
-}
-
-TEST(Thread, ASecondRunStartsAfreshWithTheFormerResultGone)
-{
-    GatedRunnable first(true);
-    GatedRunnable second(false);
-    Thread thread;
-    thread.setRunnable(&first);
-    ASSERT_EQ(thread.start(), err::ResultCode{});
-    ASSERT_EQ(thread.wait(), WaitStatus::Ready);
-    ASSERT_EQ(thread.getResult(), first.result);
-
-    second.result = {7, 71};
-    thread.setRunnable(&second);
-    ASSERT_EQ(thread.start(), err::ResultCode{});
-    EXPECT_EQ(thread.getResult(), err::ResultCode{});
-    second.open();
-    EXPECT_EQ(thread.wait(), WaitStatus::Ready);
-    EXPECT_EQ(thread.getResult(), second.result);
-}
-
-TEST(Thread, SeveralThreadsShareARunnableByTheirIds)
-{
-    GatedRunnable work(true);
-    for (const std::uint32_t id : {1U, 2U}) {
-        Thread thread;
-        thread.setId(id);
-        thread.setRunnable(&work);
-        ASSERT_EQ(thread.start(), err::ResultCode{});
-        ASSERT_EQ(thread.wait(), WaitStatus::Ready);
-        EXPECT_EQ(work.lastId, id);
+    for (const std::uint32_t code : {70U, 71U}) {
+        std::promise<void> gate;
+        work.body = [&](std::uint32_t id, std::int64_t param) {
+            gate.get_future().wait();
+            return ResultCode{id, static_cast<std::uint32_t>(param >> 32)};
+        };
+        ASSERT_EQ(thread.start(std::int64_t{code} << 32), ResultCode{});
+        EXPECT_TRUE(thread.isRunning());
+        EXPECT_EQ(thread.waitFor(1), WaitStatus::TimedOut);
+        EXPECT_EQ(thread.start(), err::programError(err::kAlreadyRunning));
+        EXPECT_EQ(thread.getResult(), ResultCode{});
+        gate.set_value();
+        EXPECT_EQ(thread.wait(), WaitStatus::Ready);
+        EXPECT_FALSE(thread.isRunning());
+        EXPECT_EQ(thread.getResult(), (ResultCode{100, code}));
     }
+}
+
+TEST(Thread, ThatCouldNotStartMayBeStartedAgain)
+{
+    Thread thread;
+    EXPECT_EQ(thread.start(), err::programError(err::kNoRunnable));
+    Work work;
+    work.body = [](std::uint32_t, std::int64_t) { return ResultCode{7, 70}; };
+    thread.setRunnable(&work);
+    hasNoMemory = true;
+    const ResultCode started = thread.start();
+    hasNoMemory = false;
+    EXPECT_EQ(started, err::programError(err::kThreadNotStarted));
+    EXPECT_EQ(thread.start(), ResultCode{});
+    EXPECT_EQ(thread.wait(), WaitStatus::Ready);
 }
 
 } // namespace

@@ -4,7 +4,6 @@
 
 #include <csignal>
 #include <cstdarg>
-#include <cstdio>
 
 extern "C" {
 
@@ -14,15 +13,14 @@ int curl_easy_setopt(void* /*handle*/, int option, ...)
 {
     std::va_list values;
     va_start(values, option);
-    char value[256] = "";
+    std::string& options = fake_curl.options;
+    options += std::to_string(option) + '=';
     if (option < 10000)
-        std::snprintf(value, sizeof value, "%ld", va_arg(values, long));
+        options += std::to_string(va_arg(values, long));
     else if (option == 10002 || option == 10004 || option == 10018 || option == 10175 || option == 10176)
-        std::snprintf(value, sizeof value, "%s", va_arg(values, const char*));
+        options += va_arg(values, const char*);
+    options += ' ';
     va_end(values);
-    fake_curl.length += static_cast<unsigned>(std::snprintf(fake_curl.options + fake_curl.length,
-                                                            sizeof fake_curl.options - fake_curl.length,
-                                                            "%d=%s ", option, value));
     return option == fake_curl.refusedOption ? 48 : 0;
 }
 

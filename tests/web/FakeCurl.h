@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 /// How a test steers the library of FakeCurl.cpp, and what that writes down. Exported as `fake_curl`.
 struct FakeCurl
 {
@@ -8,6 +10,5 @@ struct FakeCurl
     int performCode = 0;
     int infoCode = 0;
     long status = 0;
-    char options[2048] = {}; ///< "41=0 10002=http://host/ 20011= ": numbers and texts with their values
-    unsigned length = 0;     ///< of `options`
+    std::string options; ///< "41=0 10002=http://host/ 20011= ": numbers and texts with their values
 };

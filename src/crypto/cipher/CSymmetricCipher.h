@@ -57,7 +57,7 @@ protected:
     }
 
     Engine m_engine;
-    CipherState m_state;
+    RunState m_state;
 };
 
 /// The ISymmetricEncryptor of an engine.

@@ -22,7 +22,7 @@ constexpr std::int32_t kLeastBufferBytes = 8;
 class CipherRun
 {
 public:
-    CipherRun(ISymmetricEngine& engine, CipherState& state, const CipherJob& job) noexcept
+    CipherRun(ISymmetricEngine& engine, RunState& state, const CipherJob& job) noexcept
         : m_engine(engine)
         , m_state(state)
         , m_job(job)
@@ -71,7 +71,7 @@ private:
     }
 
     ISymmetricEngine& m_engine;
-    CipherState& m_state;
+    RunState& m_state;
     const CipherJob& m_job;
     const std::int32_t m_chunkBytes;
     SecretBuffer m_input;
@@ -211,7 +211,7 @@ void CipherRun::reportProgress()
 class EncryptRun final : public CipherRun
 {
 public:
-    EncryptRun(ISymmetricEngine& engine, CipherState& state, const CipherJob& job, bool useSalt) noexcept
+    EncryptRun(ISymmetricEngine& engine, RunState& state, const CipherJob& job, bool useSalt) noexcept
         : CipherRun(engine, state, job)
         , m_useSalt(useSalt)
     {
@@ -260,7 +260,7 @@ protected:
     }
 };
 
-HashResult checkJob(const ISymmetricEngine& engine, const CipherState& state, const CipherJob& job)
+HashResult checkJob(const ISymmetricEngine& engine, const RunState& state, const CipherJob& job)
 {
     if (job.input == nullptr)
         return hashError(err::kInputStreamNotDefined);
@@ -279,13 +279,13 @@ HashResult checkJob(const ISymmetricEngine& engine, const CipherState& state, co
 
 } // namespace
 
-HashResult encryptStream(ISymmetricEngine& engine, CipherState& state, const CipherJob& job, bool useSalt)
+HashResult encryptStream(ISymmetricEngine& engine, RunState& state, const CipherJob& job, bool useSalt)
 {
     const HashResult checked = checkJob(engine, state, job);
     return succeeded(checked) ? EncryptRun(engine, state, job, useSalt).run() : checked;
 }
 
-HashResult decryptStream(ISymmetricEngine& engine, CipherState& state, const CipherJob& job)
+HashResult decryptStream(ISymmetricEngine& engine, RunState& state, const CipherJob& job)
 {
     const HashResult checked = checkJob(engine, state, job);
     return succeeded(checked) ? DecryptRun(engine, state, job).run() : checked;

@@ -1,24 +1,16 @@
 #pragma once
 
+#include "crypto/HashDriver.h"
 #include "crypto/HashResult.h"
 #include "crypto/IHash.h"
 #include "crypto/ISymmetricEngine.h"
 #include "io/IIStream.h"
-#include "sync/SafeData.h"
 
 #include <cstdint>
 #include <vector>
 
 /// What every encryptor and decryptor does, whatever its engine.
 namespace quillon::crypto::internal {
-
-/// What a driver holds beside its engine, each item under a lock of its own.
-struct CipherState
-{
-    sync::SafeValue<bool> stopRequested{false};
-    sync::SafeValue<bool> running{false};
-    sync::SafeValue<float> progress{0.0F};
-};
 
 /// The arguments of one run; see ISymmetricEncryptor::encrypt.
 struct CipherJob
@@ -34,9 +26,9 @@ struct CipherJob
 };
 
 /// ISymmetricEncryptor::encrypt on `engine` and `state`.
-HashResult encryptStream(ISymmetricEngine& engine, CipherState& state, const CipherJob& job, bool useSalt);
+HashResult encryptStream(ISymmetricEngine& engine, RunState& state, const CipherJob& job, bool useSalt);
 
 /// ISymmetricDecryptor::decrypt on `engine` and `state`.
-HashResult decryptStream(ISymmetricEngine& engine, CipherState& state, const CipherJob& job);
+HashResult decryptStream(ISymmetricEngine& engine, RunState& state, const CipherJob& job);
 
 } // namespace quillon::crypto::internal

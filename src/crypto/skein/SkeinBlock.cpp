@@ -4,22 +4,15 @@
 
 namespace quillon::skein {
 
-void skein256Block(Skein256State& state, const unsigned char* data, std::uint64_t blockCount,
-                   std::uint64_t bytesPerBlock) noexcept
+template <std::size_t kWords>
+void skeinBlock(SkeinState<kWords>& state, const unsigned char* data, std::uint64_t blockCount,
+                std::uint64_t bytesPerBlock) noexcept
 {
     internal::processBlocks(state, data, blockCount, bytesPerBlock);
 }
 
-void skein512Block(Skein512State& state, const unsigned char* data, std::uint64_t blockCount,
-                   std::uint64_t bytesPerBlock) noexcept
-{
-    internal::processBlocks(state, data, blockCount, bytesPerBlock);
-}
-
-void skein1024Block(Skein1024State& state, const unsigned char* data, std::uint64_t blockCount,
-                    std::uint64_t bytesPerBlock) noexcept
-{
-    internal::processBlocks(state, data, blockCount, bytesPerBlock);
-}
+template void skeinBlock(Skein256State&, const unsigned char*, std::uint64_t, std::uint64_t) noexcept;
+template void skeinBlock(Skein512State&, const unsigned char*, std::uint64_t, std::uint64_t) noexcept;
+template void skeinBlock(Skein1024State&, const unsigned char*, std::uint64_t, std::uint64_t) noexcept;
 
 } // namespace quillon::skein

@@ -14,25 +14,6 @@ constexpr std::uint64_t kSchemaAndVersion = 0x0000000133414853; // "SHA3", versi
 constexpr std::uint64_t kConfigurationBytes = 32;
 constexpr std::uint64_t kCounterBytes = 8; // of an output block
 
-// The templates below reach the block function of their size through these.
-void runBlocks(Skein256State& state, const unsigned char* data, std::uint64_t count,
-               std::uint64_t bytes) noexcept
-{
-    skein256Block(state, data, count, bytes);
-}
-
-void runBlocks(Skein512State& state, const unsigned char* data, std::uint64_t count,
-               std::uint64_t bytes) noexcept
-{
-    skein512Block(state, data, count, bytes);
-}
-
-void runBlocks(Skein1024State& state, const unsigned char* data, std::uint64_t count,
-               std::uint64_t bytes) noexcept
-{
-    skein1024Block(state, data, count, bytes);
-}
-
 template <std::size_t kWords>
 void computeInitialValue(SkeinState<kWords>& state) noexcept
 {
@@ -41,11 +22,49 @@ void computeInitialValue(SkeinState<kWords>& state) noexcept
     state.buffer.fill(0);
     internal::writeLittleEndian64(state.buffer.data(), kSchemaAndVersion);
     internal::writeLittleEndian64(state.buffer.data() + kWordBytes, state.hashBitLen);
-    runBlocks(state, state.buffer.data(), 1, kConfigurationBytes);
+    skeinBlock(state, state.buffer.data(), 1, kConfigurationBytes);
 }
 
+/// Appends to the buffer, where the caller knows that there is room.
 template <std::size_t kWords>
-std::uint32_t init(SkeinState<kWords>& state, std::uint64_t hashBitLen) noexcept
+void bufferBytes(SkeinState<kWords>& state, const unsigned char* data, std::uint64_t byteCount) noexcept
+{
+    if (byteCount == 0)
+        return; // `data` may be null, which memcpy must not see
+    std::memcpy(state.buffer.data() + state.bufferedBytes, data, static_cast<std::size_t>(byteCount));
+    state.bufferedBytes += byteCount;
+}
+
+/// The last block of the message, padded with zeros.
+template <std::size_t kWords>
+void finishMessage(SkeinState<kWords>& state) noexcept
+{
+    state.tweak[1] |= kTweakFinalBlock;
+    std::fill(state.buffer.begin() + static_cast<std::ptrdiff_t>(state.bufferedBytes), state.buffer.end(),
+              static_cast<unsigned char>(0));
+    skeinBlock(state, state.buffer.data(), 1, state.bufferedBytes);
+}
+
+/// Output block `counter`: the finished chaining value stays in the state, the result is returned.
+template <std::size_t kWords>
+std::array<unsigned char, SkeinState<kWords>::kBlockBytes> outputBlock(SkeinState<kWords>& state,
+                                                                       std::uint64_t counter) noexcept
+{
+    const auto finished = state.chain;
+    internal::writeLittleEndian64(state.buffer.data(), counter);
+    state.tweak = {0, kTweakOutput};
+    skeinBlock(state, state.buffer.data(), 1, kCounterBytes);
+    std::array<unsigned char, SkeinState<kWords>::kBlockBytes> bytes;
+    for (std::size_t i = 0; i < kWords; ++i)
+        internal::writeLittleEndian64(bytes.data() + i * kWordBytes, state.chain[i]);
+    state.chain = finished;
+    return bytes;
+}
+
+} // namespace
+
+template <std::size_t kWords>
+std::uint32_t skeinInit(SkeinState<kWords>& state, std::uint64_t hashBitLen) noexcept
 {
     state.hashBitLen = hashBitLen;
     const auto& table = internal::kInitialValues<kWords>;
@@ -62,18 +81,8 @@ std::uint32_t init(SkeinState<kWords>& state, std::uint64_t hashBitLen) noexcept
     return kSuccess;
 }
 
-/// Appends to the buffer, where the caller knows that there is room.
 template <std::size_t kWords>
-void bufferBytes(SkeinState<kWords>& state, const unsigned char* data, std::uint64_t byteCount) noexcept
-{
-    if (byteCount == 0)
-        return; // `data` may be null, which memcpy must not see
-    std::memcpy(state.buffer.data() + state.bufferedBytes, data, static_cast<std::size_t>(byteCount));
-    state.bufferedBytes += byteCount;
-}
-
-template <std::size_t kWords>
-std::uint32_t update(SkeinState<kWords>& state, const void* bytes, std::uint64_t byteCount) noexcept
+std::uint32_t skeinUpdate(SkeinState<kWords>& state, const void* bytes, std::uint64_t byteCount) noexcept
 {
     constexpr std::uint64_t kBlockBytes = SkeinState<kWords>::kBlockBytes;
     const auto* data = static_cast<const unsigned char*>(bytes);
@@ -84,12 +93,12 @@ std::uint32_t update(SkeinState<kWords>& state, const void* bytes, std::uint64_t
             bufferBytes(state, data, missing);
             data += missing;
             byteCount -= missing;
-            runBlocks(state, state.buffer.data(), 1, kBlockBytes);
+            skeinBlock(state, state.buffer.data(), 1, kBlockBytes);
             state.bufferedBytes = 0;
         }
         if (byteCount > kBlockBytes) {
             const std::uint64_t blockCount = (byteCount - 1) / kBlockBytes;
-            runBlocks(state, data, blockCount, kBlockBytes);
+            skeinBlock(state, data, blockCount, kBlockBytes);
             data += blockCount * kBlockBytes;
             byteCount -= blockCount * kBlockBytes;
         }
@@ -98,34 +107,8 @@ std::uint32_t update(SkeinState<kWords>& state, const void* bytes, std::uint64_t
     return kSuccess;
 }
 
-/// The last block of the message, padded with zeros.
 template <std::size_t kWords>
-void finishMessage(SkeinState<kWords>& state) noexcept
-{
-    state.tweak[1] |= kTweakFinalBlock;
-    std::fill(state.buffer.begin() + static_cast<std::ptrdiff_t>(state.bufferedBytes), state.buffer.end(),
-              static_cast<unsigned char>(0));
-    runBlocks(state, state.buffer.data(), 1, state.bufferedBytes);
-}
-
-/// Output block `counter`: the finished chaining value stays in the state, the result is returned.
-template <std::size_t kWords>
-std::array<unsigned char, SkeinState<kWords>::kBlockBytes> outputBlock(SkeinState<kWords>& state,
-                                                                       std::uint64_t counter) noexcept
-{
-    const auto finished = state.chain;
-    internal::writeLittleEndian64(state.buffer.data(), counter);
-    state.tweak = {0, kTweakOutput};
-    runBlocks(state, state.buffer.data(), 1, kCounterBytes);
-    std::array<unsigned char, SkeinState<kWords>::kBlockBytes> bytes;
-    for (std::size_t i = 0; i < kWords; ++i)
-        internal::writeLittleEndian64(bytes.data() + i * kWordBytes, state.chain[i]);
-    state.chain = finished;
-    return bytes;
-}
-
-template <std::size_t kWords>
-std::uint32_t finish(SkeinState<kWords>& state, void* output) noexcept
+std::uint32_t skeinFinal(SkeinState<kWords>& state, void* output) noexcept
 {
     finishMessage(state);
     state.buffer.fill(0);
@@ -140,51 +123,16 @@ std::uint32_t finish(SkeinState<kWords>& state, void* output) noexcept
     return kSuccess;
 }
 
-} // namespace
+template std::uint32_t skeinInit(Skein256State&, std::uint64_t) noexcept;
+template std::uint32_t skeinUpdate(Skein256State&, const void*, std::uint64_t) noexcept;
+template std::uint32_t skeinFinal(Skein256State&, void*) noexcept;
 
-std::uint32_t skein256Init(Skein256State& state, std::uint64_t hashBitLen) noexcept
-{
-    return init(state, hashBitLen);
-}
+template std::uint32_t skeinInit(Skein512State&, std::uint64_t) noexcept;
+template std::uint32_t skeinUpdate(Skein512State&, const void*, std::uint64_t) noexcept;
+template std::uint32_t skeinFinal(Skein512State&, void*) noexcept;
 
-std::uint32_t skein256Update(Skein256State& state, const void* data, std::uint64_t byteCount) noexcept
-{
-    return update(state, data, byteCount);
-}
-
-std::uint32_t skein256Final(Skein256State& state, void* output) noexcept
-{
-    return finish(state, output);
-}
-
-std::uint32_t skein512Init(Skein512State& state, std::uint64_t hashBitLen) noexcept
-{
-    return init(state, hashBitLen);
-}
-
-std::uint32_t skein512Update(Skein512State& state, const void* data, std::uint64_t byteCount) noexcept
-{
-    return update(state, data, byteCount);
-}
-
-std::uint32_t skein512Final(Skein512State& state, void* output) noexcept
-{
-    return finish(state, output);
-}
-
-std::uint32_t skein1024Init(Skein1024State& state, std::uint64_t hashBitLen) noexcept
-{
-    return init(state, hashBitLen);
-}
-
-std::uint32_t skein1024Update(Skein1024State& state, const void* data, std::uint64_t byteCount) noexcept
-{
-    return update(state, data, byteCount);
-}
-
-std::uint32_t skein1024Final(Skein1024State& state, void* output) noexcept
-{
-    return finish(state, output);
-}
+template std::uint32_t skeinInit(Skein1024State&, std::uint64_t) noexcept;
+template std::uint32_t skeinUpdate(Skein1024State&, const void*, std::uint64_t) noexcept;
+template std::uint32_t skeinFinal(Skein1024State&, void*) noexcept;
 
 } // namespace quillon::skein

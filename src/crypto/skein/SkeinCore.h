@@ -50,22 +50,33 @@ inline constexpr std::uint64_t kTweakOutput = 0xFF00000000000000;
 /// one thread at a time, and `data` may be the state's own buffer only for Block.
 namespace quillon::skein {
 
-std::uint32_t skein256Init(Skein256State& state, std::uint64_t hashBitLen) noexcept;
-std::uint32_t skein256Update(Skein256State& state, const void* data, std::uint64_t byteCount) noexcept;
-std::uint32_t skein256Final(Skein256State& state, void* output) noexcept;
-void skein256Block(Skein256State& state, const unsigned char* data, std::uint64_t blockCount,
-                   std::uint64_t bytesPerBlock) noexcept;
+template <std::size_t kWords>
+std::uint32_t skeinInit(SkeinState<kWords>& state, std::uint64_t hashBitLen) noexcept;
 
-std::uint32_t skein512Init(Skein512State& state, std::uint64_t hashBitLen) noexcept;
-std::uint32_t skein512Update(Skein512State& state, const void* data, std::uint64_t byteCount) noexcept;
-std::uint32_t skein512Final(Skein512State& state, void* output) noexcept;
-void skein512Block(Skein512State& state, const unsigned char* data, std::uint64_t blockCount,
-                   std::uint64_t bytesPerBlock) noexcept;
+template <std::size_t kWords>
+std::uint32_t skeinUpdate(SkeinState<kWords>& state, const void* data, std::uint64_t byteCount) noexcept;
 
-std::uint32_t skein1024Init(Skein1024State& state, std::uint64_t hashBitLen) noexcept;
-std::uint32_t skein1024Update(Skein1024State& state, const void* data, std::uint64_t byteCount) noexcept;
-std::uint32_t skein1024Final(Skein1024State& state, void* output) noexcept;
-void skein1024Block(Skein1024State& state, const unsigned char* data, std::uint64_t blockCount,
-                    std::uint64_t bytesPerBlock) noexcept;
+template <std::size_t kWords>
+std::uint32_t skeinFinal(SkeinState<kWords>& state, void* output) noexcept;
+
+template <std::size_t kWords>
+void skeinBlock(SkeinState<kWords>& state, const unsigned char* data, std::uint64_t blockCount,
+                std::uint64_t bytesPerBlock) noexcept;
+
+/// The same by the names of the state sizes.
+inline constexpr auto& skein256Init = skeinInit<4>;
+inline constexpr auto& skein256Update = skeinUpdate<4>;
+inline constexpr auto& skein256Final = skeinFinal<4>;
+inline constexpr auto& skein256Block = skeinBlock<4>;
+
+inline constexpr auto& skein512Init = skeinInit<8>;
+inline constexpr auto& skein512Update = skeinUpdate<8>;
+inline constexpr auto& skein512Final = skeinFinal<8>;
+inline constexpr auto& skein512Block = skeinBlock<8>;
+
+inline constexpr auto& skein1024Init = skeinInit<16>;
+inline constexpr auto& skein1024Update = skeinUpdate<16>;
+inline constexpr auto& skein1024Final = skeinFinal<16>;
+inline constexpr auto& skein1024Block = skeinBlock<16>;
 
 } // namespace quillon::skein

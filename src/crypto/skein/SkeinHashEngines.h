@@ -43,31 +43,6 @@ private:
     std::array<unsigned char, kBytes> m_digest{};
 };
 
-/// The operations of the core by state size, in the form that SkeinCoreEngine takes.
-struct Skein256Core
-{
-    using State = Skein256State;
-    static constexpr auto init = skein256Init;
-    static constexpr auto update = skein256Update;
-    static constexpr auto final = skein256Final;
-};
-
-struct Skein512Core
-{
-    using State = Skein512State;
-    static constexpr auto init = skein512Init;
-    static constexpr auto update = skein512Update;
-    static constexpr auto final = skein512Final;
-};
-
-struct Skein1024Core
-{
-    using State = Skein1024State;
-    static constexpr auto init = skein1024Init;
-    static constexpr auto update = skein1024Update;
-    static constexpr auto final = skein1024Final;
-};
-
 /// A status of the core as a result: the status and what the engine was doing.
 [[nodiscard]] constexpr crypto::HashResult coreResult(std::uint32_t status, err::ErrorCode doing) noexcept
 {
@@ -76,9 +51,9 @@ struct Skein1024Core
     return {{err::kGroupSkein, status}, err::programError(doing)};
 }
 
-/// The engine of one algorithm: a core of some state size that delivers `kOutputBits` bits. Can be started
-/// again at any time, also in the middle of a message.
-template <class Core, std::uint32_t kAlgorithmId, std::size_t kOutputBits>
+/// The engine of one algorithm: the core with a state of `kStateBits` bits that delivers `kOutputBits` bits.
+/// Can be started again at any time, also in the middle of a message.
+template <std::size_t kStateBits, std::uint32_t kAlgorithmId, std::size_t kOutputBits>
 class SkeinCoreEngine : public SkeinHashEngine<kOutputBits / 8>
 {
 public:
@@ -87,7 +62,7 @@ public:
     crypto::HashResult init() final
     {
         this->clearDigest();
-        const std::uint32_t status = Core::init(m_state, kOutputBits);
+        const std::uint32_t status = skeinInit(m_state, kOutputBits);
         m_initialised = status == 0;
         return coreResult(status, err::kEngineInitFailed);
     }
@@ -101,7 +76,7 @@ public:
         if (!m_initialised)
             return crypto::hashError(err::kEngineNotInitialised);
         const auto byteCount = length > 0 ? static_cast<std::uint64_t>(length) : 0;
-        return coreResult(Core::update(m_state, data, byteCount), err::kEngineUpdateFailed);
+        return coreResult(skeinUpdate(m_state, data, byteCount), err::kEngineUpdateFailed);
     }
 
     crypto::HashResult final() final
@@ -109,7 +84,7 @@ public:
         if (!m_initialised)
             return crypto::hashError(err::kEngineNotInitialised);
         std::array<unsigned char, kLongestDigestBytes> output{};
-        const std::uint32_t status = Core::final(m_state, output.data());
+        const std::uint32_t status = skeinFinal(m_state, output.data());
         if (status == 0)
             this->setDigest(output.data());
         return coreResult(status, err::kEngineFinalFailed);
@@ -120,56 +95,55 @@ private:
     static_assert(kOutputBits % 8 == 0 && kOutputBits / 8 <= kLongestDigestBytes);
 
     bool m_initialised = false;
-    typename Core::State m_state{};
+    SkeinState<kStateBits / 64> m_state{};
 };
 
 } // namespace quillon::skein::internal
 
-/// The engines, named by state size and digest size in bits. The first argument of the base is the core of
-/// the state size, then come the algorithm id and the digest size.
+/// The engines, named by state size and digest size in bits. Between the two the base takes the algorithm id.
 namespace quillon::skein {
 
-class Skein256_224HashEngine final : public internal::SkeinCoreEngine<internal::Skein256Core, 100, 224>
+class Skein256_224HashEngine final : public internal::SkeinCoreEngine<256, 100, 224>
 {
 };
 
-class Skein256_256HashEngine final : public internal::SkeinCoreEngine<internal::Skein256Core, 101, 256>
+class Skein256_256HashEngine final : public internal::SkeinCoreEngine<256, 101, 256>
 {
 };
 
-class Skein512_224HashEngine final : public internal::SkeinCoreEngine<internal::Skein512Core, 102, 224>
+class Skein512_224HashEngine final : public internal::SkeinCoreEngine<512, 102, 224>
 {
 };
 
-class Skein512_256HashEngine final : public internal::SkeinCoreEngine<internal::Skein512Core, 103, 256>
+class Skein512_256HashEngine final : public internal::SkeinCoreEngine<512, 103, 256>
 {
 };
 
-class Skein512_384HashEngine final : public internal::SkeinCoreEngine<internal::Skein512Core, 104, 384>
+class Skein512_384HashEngine final : public internal::SkeinCoreEngine<512, 104, 384>
 {
 };
 
-class Skein512_512HashEngine final : public internal::SkeinCoreEngine<internal::Skein512Core, 105, 512>
+class Skein512_512HashEngine final : public internal::SkeinCoreEngine<512, 105, 512>
 {
 };
 
-class Skein1024_224HashEngine final : public internal::SkeinCoreEngine<internal::Skein1024Core, 106, 224>
+class Skein1024_224HashEngine final : public internal::SkeinCoreEngine<1024, 106, 224>
 {
 };
 
-class Skein1024_256HashEngine final : public internal::SkeinCoreEngine<internal::Skein1024Core, 107, 256>
+class Skein1024_256HashEngine final : public internal::SkeinCoreEngine<1024, 107, 256>
 {
 };
 
-class Skein1024_384HashEngine final : public internal::SkeinCoreEngine<internal::Skein1024Core, 108, 384>
+class Skein1024_384HashEngine final : public internal::SkeinCoreEngine<1024, 108, 384>
 {
 };
 
-class Skein1024_512HashEngine final : public internal::SkeinCoreEngine<internal::Skein1024Core, 109, 512>
+class Skein1024_512HashEngine final : public internal::SkeinCoreEngine<1024, 109, 512>
 {
 };
 
-class Skein1024_1024HashEngine final : public internal::SkeinCoreEngine<internal::Skein1024Core, 110, 1024>
+class Skein1024_1024HashEngine final : public internal::SkeinCoreEngine<1024, 110, 1024>
 {
 };
 

@@ -50,7 +50,7 @@ std::vector<std::string> fullPaths(std::string_view list)
 std::string findProgram(std::string_view name)
 {
     for (const std::string& folder : fullPaths(environmentText("PATH"))) {
-        const std::string program = (folder + '/').append(name);
+        std::string program = (folder + '/').append(name);
         if (access(program.c_str(), X_OK) == 0)
             return program;
     }

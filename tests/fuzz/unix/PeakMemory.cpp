@@ -6,10 +6,9 @@ namespace quillon::tests {
 
 std::size_t peakMemory()
 {
-    constexpr std::size_t kUnitBytes = 1024;
     rusage usage{};
     getrusage(RUSAGE_SELF, &usage);
-    return static_cast<std::size_t>(usage.ru_maxrss) * kUnitBytes;
+    return static_cast<std::size_t>(usage.ru_maxrss) * 1024; // which is told in KiB
 }
 
 } // namespace quillon::tests

@@ -1,4 +1,7 @@
+#include "platform/InputFile.h"
 #include "platform/Process.h"
+#include "support/PrintResultCode.h"
+#include "support/TempFolder.h"
 
 #include <windows.h>
 
@@ -7,21 +10,34 @@
 namespace quillon::platform {
 namespace {
 
-TEST(SystemErrorText, KnownNumbersHaveATrimmedTextAndUnknownOnesNone)
+TEST(InputFile, SharesWithAWriterAndWithNobodyWhoKeepsOrRemovesTheFile)
 {
-    const std::string text = osErrorText(ERROR_FILE_NOT_FOUND);
-    EXPECT_FALSE(text.empty());
-    EXPECT_NE(text.back(), '\n');
-    EXPECT_EQ(osErrorText(0x2FFFFFFFU), "");
+    const tests::TempFolder folder;
+    const std::wstring name = tests::wideName(folder.write("held", "contents"));
+    std::unique_ptr<InputFile> file;
+    for (const DWORD sharing : {DWORD{0}, DWORD{FILE_SHARE_READ | FILE_SHARE_WRITE}}) {
+        HANDLE const holder =
+            CreateFileW(name.c_str(), GENERIC_WRITE, sharing, nullptr, OPEN_EXISTING, 0, nullptr);
+        EXPECT_NE(holder, INVALID_HANDLE_VALUE);
+        EXPECT_EQ(openInputFile(name, file),
+                  sharing == 0 ? err::systemError(ERROR_SHARING_VIOLATION) : err::ResultCode());
+        CloseHandle(holder);
+    }
+    EXPECT_FALSE(DeleteFileW(name.c_str()));
+    file.reset();
+    EXPECT_TRUE(DeleteFileW(name.c_str()));
 }
 
-TEST(Process, KnowsItsProgramAndItsArgumentsByItself)
+TEST(Process, KnowsItsProgramItsArgumentsAndTheSystemsTextsByItself)
 {
-    EXPECT_NE(programPath().find(":\\"), std::string::npos) << programPath();
-    EXPECT_NE(programPath().find("\\platform_test.exe"), std::string::npos) << programPath();
+    EXPECT_TRUE(programPath().ends_with("\\platform_test.exe")) << programPath();
+    EXPECT_EQ(programPath().find(":\\"), 1U) << programPath();
     const char* const line[] = {"program", "invented"};
     for (const std::string& argument : programArguments(2, line))
         EXPECT_NE(argument, "invented");
+    const std::string text = osErrorText(ERROR_FILE_NOT_FOUND);
+    EXPECT_FALSE(text.empty() || text.ends_with('\n')) << text;
+    EXPECT_EQ(osErrorText(0x2FFFFFFFU), "");
 }
 
 } // namespace
