@@ -13,19 +13,20 @@ namespace {
 thread_local bool hasNoMemory = false;
 }
 
-// A run takes memory before it takes a thread, and fails in the same way without either.
+// A run takes memory before it takes a thread, and fails in the same way without either. Inlined, the release
+// would look to the compiler like one of memory that another function gave.
 void* operator new(std::size_t size)
 {
     void* const memory = hasNoMemory ? nullptr : std::malloc(size);
     return memory != nullptr ? memory : throw std::bad_alloc();
 }
 
-void operator delete(void* memory) noexcept
+[[gnu::noinline]] void operator delete(void* memory) noexcept
 {
     std::free(memory);
 }
 
-void operator delete(void* memory, std::size_t) noexcept
+[[gnu::noinline]] void operator delete(void* memory, std::size_t) noexcept
 {
     std::free(memory);
 }
