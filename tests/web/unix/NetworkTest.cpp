@@ -104,6 +104,7 @@ protected:
     {
         auto ending = perform(request);
         EXPECT_TRUE(waitUntil([&] { return isReady.load(); }));
+        EXPECT_EQ(perform(request).get(), err::programError(err::kAlreadyRunning));
         request.stop();
         EXPECT_EQ(ending.wait_for(limit), std::future_status::ready) << "the request goes on";
         EXPECT_EQ(ending.get().group, err::kGroupCurl);
