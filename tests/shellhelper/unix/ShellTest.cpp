@@ -97,6 +97,7 @@ class Scenes : public Desktop
 protected:
     const std::map<std::string, std::function<err::ResultCode(const CaseRow&)>> m_calls{
         {"create", [](auto& row) { return create(row[2], row[3]); }},
+        {"homeless", [](auto& row) { return unsetenv("HOME"), create(row[2], row[3]); }},
         {"command",
          [](auto& row) {
              const char* const id = row[4] == "none" ? nullptr : row[4].c_str();
