@@ -7,12 +7,12 @@
 #include "support/RecordingAppender.h"
 
 #include <QElapsedTimer>
+#include <QRegularExpression>
 
 #include <pthread.h>
 
 #include <cerrno>
 #include <optional>
-#include <regex>
 
 namespace quillon::tests {
 namespace {
@@ -49,9 +49,10 @@ protected:
     /// Waits until the status line shows percent and time as these patterns say.
     bool waitForProgress(const std::string& percent, const std::string& time)
     {
-        const std::regex text(R"(#000000 SHA-256\. )" + percent + R"(% processed\. Remaining time: )" + time +
-                              R"( seconds\.  \[\d+\])");
-        return waitFor([&] { return std::regex_match(driver->status(), text); });
+        const std::string text = R"(^#000000 SHA-256\. )" + percent + R"(% processed\. Remaining time: )" +
+                                 time + R"( seconds\.  \[\d+\]$)";
+        const QRegularExpression pattern(QString::fromStdString(text));
+        return waitFor([&] { return QString::fromStdString(driver->status()).contains(pattern); });
     }
 
     int runs = 0;
