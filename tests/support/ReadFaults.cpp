@@ -1,9 +1,7 @@
 #include "support/ReadFaults.h"
 
 #include <dlfcn.h>
-#include <fcntl.h>
 #include <sys/stat.h>
-#include <sys/sysmacros.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -18,11 +16,8 @@ std::atomic<dev_t> device{0};
 
 bool isWatched(int descriptor)
 {
-    // Not fstat: ThreadSanitizer takes note of that one, but not of how the libraries close their
-    // descriptors, whose numbers others then get.
-    struct statx status = {};
-    return node != 0 && statx(descriptor, "", AT_EMPTY_PATH, STATX_INO, &status) == 0 &&
-           status.stx_ino == node && makedev(status.stx_dev_major, status.stx_dev_minor) == device;
+    struct stat status = {};
+    return node != 0 && fstat(descriptor, &status) == 0 && status.st_ino == node && status.st_dev == device;
 }
 
 /// What there is for this read; the answer is the error to fail with, or 0.
