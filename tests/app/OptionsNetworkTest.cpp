@@ -151,11 +151,11 @@ TEST_F(OptionsNetwork, EachWayOutHidesTheDialogAtOnceAndLeavesBothJobsBehind)
     for (const std::string way : {"buttonOk", "buttonCancel", "Escape", "title bar"}) {
         SCOPED_TRACE(way);
         const LocalPage page("");
+        COptionsDialog left;
+        const OptionsUser hands{left};
         std::promise<void> systemAnswers;
         auto token = std::make_shared<int>();
         const std::weak_ptr<int> query = token;
-        COptionsDialog left;
-        const OptionsUser hands{left};
         left.setSystemQuery(
             [owned = std::exchange(token, nullptr), answer = systemAnswers.get_future().share()] {
                 answer.wait();

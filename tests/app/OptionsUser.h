@@ -42,8 +42,9 @@ struct OptionsUser
             QTest::keyClicks(edit, QString(text));
         } else if (auto* const combo = qobject_cast<QComboBox*>(&widget)) {
             const int row = combo->findText(text, Qt::MatchStartsWith);
-            QTest::keyClick(combo, row == combo->count() - 1 ? Qt::Key_End : Qt::Key_Home);
-            while (combo->currentIndex() < row)
+            const bool isLast = row == combo->count() - 1;
+            QTest::keyClick(combo, isLast ? Qt::Key_End : Qt::Key_Home);
+            for (int step = isLast ? row : 0; step < row; ++step)
                 QTest::keyClick(combo, Qt::Key_Down);
         } else {
             click(name);
