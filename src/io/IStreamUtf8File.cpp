@@ -81,7 +81,6 @@ std::size_t dropCutBytes(std::span<char> bytes, bool& isCutting)
             const std::size_t end = text.find('\n', from);
             if (end == std::string_view::npos)
                 return kept;
-            isCutting = false;
             from = end + 1;
         }
         const std::size_t zero = std::min(text.find('\0', from), text.size());
