@@ -53,6 +53,22 @@ public:
 
 namespace internal {
 
+/// What both readers hold and tell of their file.
+class HeldTextFile : public ITextFileReader<char>
+{
+public:
+    [[nodiscard]] bool isOpen() const final { return m_bytes.isOpen(); }
+    [[nodiscard]] std::string getFileName() const final { return m_fileName; }
+    [[nodiscard]] io::EBomKind getBomKind() const final { return m_bom; }
+    [[nodiscard]] err::ResultCode getLastError() const final { return m_lastError; }
+
+protected:
+    FileBytes m_bytes;
+    std::string m_fileName;
+    io::EBomKind m_bom = io::EBomKind::None;
+    err::ResultCode m_lastError;
+};
+
 template <class Char>
 class TextFileReader;
 
@@ -61,20 +77,15 @@ class TextFileReader;
 /// U+FFFD. A file with a UTF-32 mark is read as little-endian UTF-16 behind the mark's four bytes, without a
 /// proper decoding; callers rely on its being neither refused nor understood.
 template <>
-class TextFileReader<char> final : public ITextFileReader<char>
+class TextFileReader<char> final : public HeldTextFile
 {
 public:
     /// {5, 42} where the file cannot be opened.
     err::ResultCode open(const std::string& path, int encoding) override;
     void close() override;
 
-    [[nodiscard]] bool isOpen() const override { return m_bytes.isOpen(); }
-    [[nodiscard]] std::string getFileName() const override { return m_fileName; }
-    [[nodiscard]] io::EBomKind getBomKind() const override { return m_bom; }
-
     /// 1 or 20 by the mark, 21 with any other mark, the argument of `open` without one.
     [[nodiscard]] int getEncoding() const override { return m_encoding; }
-    [[nodiscard]] err::ResultCode getLastError() const override { return m_lastError; }
 
     [[nodiscard]] std::string readAll() override;
     bool readLine(std::string& line) override;
@@ -86,41 +97,27 @@ private:
     [[nodiscard]] std::string takeUtf8Line();
     [[nodiscard]] std::string takeUtf16Line();
 
-    FileBytes m_bytes;
-    std::string m_fileName;
-    io::EBomKind m_bom = io::EBomKind::None;
     int m_encoding = 0;
-    err::ResultCode m_lastError;
 };
 
 } // namespace internal
 
 /// A reader of UTF-8 files that hands out the bytes as they are, well-formed or not. Opening a second file
 /// forgets the mark of the first even though it is refused.
-class Utf8FileReader final : public ITextFileReader<char>
+class Utf8FileReader final : public internal::HeldTextFile
 {
 public:
     /// `encoding` is ignored. {3, errno} where the file cannot be opened.
     err::ResultCode open(const std::string& path, int encoding) override;
     void close() override;
 
-    [[nodiscard]] bool isOpen() const override { return m_bytes.isOpen(); }
-    [[nodiscard]] std::string getFileName() const override { return m_fileName; }
-    [[nodiscard]] io::EBomKind getBomKind() const override { return m_bom; }
     [[nodiscard]] int getEncoding() const override { return static_cast<int>(io::EBomKind::Utf8); }
-    [[nodiscard]] err::ResultCode getLastError() const override { return m_lastError; }
 
     /// The text is taken in pieces, each a line or 1023 bytes of one, and a zero byte cuts off the rest of
     /// its piece.
     [[nodiscard]] std::string readAll() override;
     bool readLine(std::string& line) override;
     err::ResultCode rewind() override;
-
-private:
-    internal::FileBytes m_bytes;
-    std::string m_fileName;
-    io::EBomKind m_bom = io::EBomKind::None;
-    err::ResultCode m_lastError;
 };
 
 } // namespace quillon::file
