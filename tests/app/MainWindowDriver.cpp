@@ -66,14 +66,19 @@ void MainWindowDriver::chooseFromMenu(const char* action)
     }
 }
 
-void MainWindowDriver::drop(const char* widget, const QList<QUrl>& urls)
+bool MainWindowDriver::drop(const char* widget, const QList<QUrl>& urls)
 {
     QMimeData data;
-    data.setUrls(urls);
+    data.setText("file:///a");
+    if (!urls.isEmpty())
+        data.setUrls(urls);
     QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(&child<QWidget>(widget), &enter);
-    QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(&child<QWidget>(widget), &drop);
+    QDropEvent drop(QPointF(5, 5), Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+    drop.setDropAction(Qt::MoveAction);
+    if (enter.isAccepted())
+        QApplication::sendEvent(&child<QWidget>(widget), &drop);
+    return drop.isAccepted() && drop.dropAction() == Qt::CopyAction;
 }
 
 void MainWindowDriver::selectAlgorithm(const QString& row)

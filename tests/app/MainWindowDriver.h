@@ -34,7 +34,11 @@ public:
     void click(const char* button);
     void clickToolButton(const char* action);
     void chooseFromMenu(const char* action); ///< where a menu has it
-    void drop(const char* widget, const QList<QUrl>& urls);
+
+    /// Moves files, or a text where there are none, to `widget`. True where they were taken and the source
+    /// was told of a copy: at a move it might delete them.
+    bool drop(const char* widget, const QList<QUrl>& urls);
+
     void selectAlgorithm(const QString& row); ///< in the combo box
 
     /// Presses F5 and waits for the end of the run.

@@ -34,12 +34,6 @@ protected:
     const QString plainCaption = "Calculated hash for the file";
 };
 
-/// The digest as the window must show it.
-inline QString sha256Hex(const std::string& bytes)
-{
-    return QString::fromStdString(sha256Result(bytes)).section('\n', 1, 1);
-}
-
 /// As many bytes as the program reads in `blocks` reads.
 inline std::string blocksOfBytes(unsigned blocks)
 {

@@ -14,11 +14,8 @@
 namespace quillon::file {
 namespace {
 
-/// Writes down the pairs that come, and does `onPair` with each. Wants the keys that begin with "p.a" only,
-/// and expands "$" at the front of a text.
-class Notebook final : public vars::internal::IVariablesSetter<char>,
-                       public IKeyFilter<char>,
-                       public ITextExpander<char>
+/// Writes down the pairs that come, and does `onPair` with each.
+class Notebook final : public vars::internal::IVariablesSetter<char>
 {
 public:
     std::vector<std::string> pairs;
@@ -33,24 +30,16 @@ public:
     err::ResultCode setValue(const std::string& /*key*/, const std::string& /*value*/) override { return {}; }
     err::ResultCode removeValue(const std::string& /*key*/) override { return {}; }
     err::ResultCode clearValues() override { return {}; }
-
-    bool accepts(const std::string& key) override { return key.starts_with("p.a"); }
-    void expand(std::string& text) override
-    {
-        if (text.starts_with('$'))
-            text.replace(0, 1, " ");
-    }
 };
 
 class PropertiesFileReader : public testing::Test
 {
 protected:
-    /// The pairs that come of reading a file of this content with these arguments.
-    template <class... Arguments>
-    std::string read(err::ResultCode expected, const std::string& content, Arguments... arguments)
+    /// The pairs that come of reading a file of this content.
+    std::string read(err::ResultCode expected, const std::string& content, int encoding)
     {
         const std::string path = tests::utf8Name(m_folder.write("p", content));
-        EXPECT_EQ(m_reader.read(path, &m_notes, arguments...), expected) << content;
+        EXPECT_EQ(m_reader.read(path, &m_notes, encoding), expected) << content;
         return tests::inBrackets(std::exchange(m_notes.pairs, {}));
     }
 
@@ -65,16 +54,6 @@ TEST_F(PropertiesFileReader, WalksLinesIntoPairs)
         EXPECT_EQ(read({}, row[1], std::stoi(row[0])), row[2]) << row[1];
 }
 
-TEST_F(PropertiesFileReader, ExpandsThenPrefixesThenFilters)
-{
-    const std::string content = "a=$\nb=2\n$x=3\n$=4\na=5\n";
-    EXPECT_EQ(read({}, content, &m_notes, &m_notes, false, "p.", 0), "[p.a= ][p.a=5]");
-    EXPECT_EQ(read({}, content, &m_notes, &m_notes, false, 0), "");
-    EXPECT_EQ(read({}, content, &m_notes, &m_notes, true, "", 0), "[a= ][b=2][x=3][a=5]");
-    EXPECT_EQ(read({}, content, &m_notes, &m_notes, 0), "[a= ][b=2][x=3][a=5]");
-    EXPECT_EQ(read({}, content, false, "p.", 0), "[p.a=$][p.b=2][p.$x=3][p.$=4][p.a=5]");
-}
-
 TEST_F(PropertiesFileReader, ReportsTheFirstFailureAndReadsOn)
 {
     m_notes.onPair = [this] {
@@ -85,13 +64,6 @@ TEST_F(PropertiesFileReader, ReportsTheFirstFailureAndReadsOn)
     EXPECT_EQ(m_reader.read("", &m_notes, 1), (err::ResultCode{5, 5}));
     EXPECT_EQ(m_reader.read("none", nullptr, 1), (err::ResultCode{5, 5}));
     EXPECT_EQ(m_reader.read("none", &m_notes, 1), (err::ResultCode{5, 41}));
-}
-
-TEST_F(PropertiesFileReader, StopsBehindTheLineAtWhichItIsToldAndNotTheNextTime)
-{
-    m_notes.onPair = [this] { return m_reader.stop(), err::ResultCode{}; };
-    EXPECT_EQ(read({}, "a=1\nb=2\nc\\", 1), "[a=1]");
-    EXPECT_EQ(read({}, "a=1\\", 1), "[a=1]");
 }
 
 } // namespace

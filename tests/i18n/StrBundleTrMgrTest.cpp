@@ -8,10 +8,8 @@
 
 #include <gtest/gtest.h>
 
-#include <atomic>
 #include <filesystem>
 #include <string>
-#include <thread>
 #include <vector>
 
 namespace quillon::i18n::internal {
@@ -99,25 +97,6 @@ TEST_F(StrBundleTrMgrTest, KeepsOnlySoManySourceTexts)
     EXPECT_EQ(m_manager.getString("", "24999s"), "t");
     EXPECT_EQ(m_manager.getString("", "25000s"), "25000s");
     EXPECT_EQ(m_manager.getString("A", "0s"), "again");
-}
-
-TEST_F(StrBundleTrMgrTest, AnswersLookupsDuringLoads)
-{
-    std::atomic<bool> isOver = false;
-    std::atomic<int> strange = 0;
-    std::thread reader([&] {
-        Translation<char> entry;
-        while (!isOver) {
-            m_manager.getTranslation(entry, m_manager.getTranslationCount() - 1);
-            const std::string text = m_manager.getString("x", "Open");
-            strange += (text != "Open" && text != "Any" && text != "Ouvrir") || m_manager.getItemCount() > 8;
-        }
-    });
-    for (int i = 0; i < 100; ++i)
-        EXPECT_NE(i % 2 == 0 ? loadAndOpen("de", "DE", false) : loadAndOpen("fr", "FR", false), "Open");
-    isOver = true;
-    reader.join();
-    EXPECT_EQ(strange, 0);
 }
 
 } // namespace

@@ -6,10 +6,8 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <filesystem>
 #include <memory>
-#include <random>
 #include <string>
 #include <vector>
 
@@ -72,22 +70,6 @@ TEST_F(TranslationFile, ReadsIncludesOnceAndOnlyAheadOfTheEntries)
         m_folder.write(row[0], row[1]);
     for (const tests::CaseRow& row : rows)
         EXPECT_EQ(tests::inBrackets(itemsOf(row[0])), row[2]) << row[1];
-}
-
-TEST_F(TranslationFile, LosesNoEntryBehindADamagedOne)
-{
-    const std::string entry = "@include \"x\"\n#c\n@begin @context c @src a\\n@b @tr \"t\" @end\n";
-    std::mt19937 random(1);
-    std::string content;
-    for (int i = 0; i < 1000; ++i) {
-        std::string bad = entry;
-        bad[random() % bad.size()] = static_cast<char>(random());
-        bad.insert(random() % bad.size(), bad, random() % bad.size());
-        // An include or a comment may still be open, or an escape.
-        content += bad.substr(0, random() % bad.size()) + "x\"\n@begin @context * @src good @tr t @end\n";
-    }
-    m_folder.write("f", content);
-    EXPECT_EQ(std::ranges::count(itemsOf("f"), "*/good/t"), 1000);
 }
 
 TEST_F(TranslationFile, MayBeAPropertiesFileOrNoneAtAll)

@@ -57,13 +57,6 @@ protected:
         EXPECT_EQ(file.open(nameFor(file, m_folder.write("t\u00E4xt", content)).c_str()), kSuccess);
     }
 
-    /// What one read of at most `count` bytes brings; "none" where it fails.
-    std::string read(int count)
-    {
-        std::string buffer(static_cast<std::size_t>(count), '\0');
-        return m_stream.read(buffer.data(), count, &m_bytesRead) ? buffer.substr(0, m_bytesRead) : "none";
-    }
-
     const tests::TempFolder m_folder;
     std::string m_text;
     Stream m_stream;
@@ -109,17 +102,6 @@ TYPED_TEST(IIStreamTest, WithoutDataIsAtItsEndAndReadsNothingWithSuccess)
     }
 }
 
-TYPED_TEST(IIStreamTest, AMissingBufferIsAnErrorThatTheNextReadForgets)
-{
-    this->fill(this->m_stream, "ab");
-    EXPECT_FALSE(this->m_stream.read(nullptr, 1, &this->m_bytesRead));
-    EXPECT_EQ(this->m_stream.lastError(), kInvalidArgument);
-    char c = 0;
-    EXPECT_TRUE(this->m_stream.readChar(&c));
-    EXPECT_EQ(c, 'a');
-    EXPECT_EQ(this->m_stream.lastError(), kSuccess);
-}
-
 template <class Stream>
 using FileStreamTest = IIStreamTest<Stream>;
 using FileStreams = testing::Types<IStreamFile<wchar_t>, IStreamUtf8File>;
@@ -142,35 +124,6 @@ TYPED_TEST(FileStreamTest, RefusesToOpenAndToReadWithTheReason)
     EXPECT_EQ(stream.lastError(), (err::ResultCode{5, 7}));
 }
 
-class IStreamFileTest : public IIStreamTest<IStreamFile<wchar_t>>
-{
-};
-
-TEST_F(IStreamFileTest, ReadsAsFarAsTheFileReachedAtItsOpenAndWhatWasCutOffAsNothing)
-{
-    fill(m_stream, "abc");
-    m_folder.write("t\u00E4xt", "abcdef");
-    EXPECT_EQ(read(16), "abc");
-    EXPECT_EQ(read(16), "none");
-    m_stream.close();
-    EXPECT_EQ(m_stream.size(), 0);
-    fill(m_stream, "def");
-    EXPECT_TRUE(m_stream.isBegin());
-    m_folder.write("t\u00E4xt", "d");
-    EXPECT_EQ(read(16), "d");
-    EXPECT_EQ(read(16), "");
-    EXPECT_FALSE(m_stream.isEnd());
-    EXPECT_EQ(m_stream.lastError(), kSuccess);
-}
-
-TEST_F(IStreamFileTest, AReadThatTheSystemRefusesKeepsItsNumber)
-{
-    fill(m_stream, "abc");
-    EXPECT_FALSE(m_stream.read(reinterpret_cast<char*>(std::uintptr_t{1}), 1, &m_bytesRead));
-    EXPECT_EQ(m_stream.lastError().group, 1U);
-    EXPECT_NE(m_stream.lastError().code, 0U);
-}
-
 class IStreamUtf8FileTest : public IIStreamTest<IStreamUtf8File>
 {
 };
@@ -187,20 +140,6 @@ TEST_F(IStreamUtf8FileTest, DeliversALineAtATime)
             lines.push_back(buffer.substr(0, m_bytesRead));
         EXPECT_EQ(tests::inBrackets(lines), row[2]);
         EXPECT_EQ("5/" + std::to_string(file.lastError().code), row[3]) << row[1];
-    }
-}
-
-TEST(IStreamHexText, DeliversTheBytesThatAreSpelledOrIsEmpty)
-{
-    for (const tests::CaseRow& row : tests::readCaseTable("io/hex-texts.txt")) {
-        IStreamHexText<char> stream;
-        const bool isRefused = row[1] == "refused";
-        ASSERT_EQ(stream.setText("0a"), kSuccess);
-        EXPECT_EQ(stream.setText(row[0].c_str()), isRefused ? kInvalidArgument : kSuccess) << row[0];
-        std::string bytes(static_cast<std::size_t>(stream.size()), '\0');
-        unsigned bytesRead = 0;
-        EXPECT_TRUE(stream.read(bytes.data(), static_cast<int>(bytes.size()), &bytesRead));
-        EXPECT_EQ(bytes, isRefused ? "" : row[1]) << row[0];
     }
 }
 

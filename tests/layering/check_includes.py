@@ -19,8 +19,6 @@ SYSTEM_SWITCH = re.compile(
     r"(_?WIN(32|64)|__MINGW\w+|_MSC_VER|__CYGWIN__|__linux__|__unix__|__APPLE__|Q_OS_\w+)\b")
 QT_FREE = re.compile(r"(text|vars|err|sync|thread|callback|platform|io|file|i18n|logger|crypto(_\w+)?|web|shellhelper)$")
 
-
-
 faults = []
 names = {}  # of the modules, by folder
 allowed = {}  # the modules whose headers a module may include, by its name

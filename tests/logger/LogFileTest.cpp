@@ -67,13 +67,5 @@ TEST_F(LogFileTest, LosesTheLineAfterTenThousandWaitingOnes)
     EXPECT_TRUE(logsAfter(expected, "room again"));
 }
 
-TEST_F(LogFileTest, IsMadeOnceTheFolderInItsPlaceIsGone)
-{
-    std::filesystem::create_directories(path);
-    append("lost");
-    std::filesystem::remove(path);
-    EXPECT_TRUE(logsAgain("kept"));
-}
-
 } // namespace
 } // namespace quillon::logger

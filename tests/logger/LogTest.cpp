@@ -17,17 +17,11 @@ protected:
     Log()
     {
         getLogSender()->setLevel(ELogLevel::Trace);
-        addRecorder(1);
+        EXPECT_EQ(appenders().addAppender(new tests::RecordingAppender(1, lines)), err::ResultCode{});
     }
     ~Log() override { getLogSender()->release(); }
 
     static internal::LogAppenders<char>& appenders() { return getLogSender()->appenders(); }
-
-    void addRecorder(std::uint64_t identifier, std::function<void()> onLine = {})
-    {
-        auto* const recorder = new tests::RecordingAppender(identifier, lines, std::move(onLine));
-        ASSERT_EQ(appenders().addAppender(recorder), err::ResultCode{});
-    }
 
     template <class Write>
     std::string messageOf(Write write)
@@ -87,21 +81,6 @@ TEST_F(Log, TheSenderAndItsAppendersStayUntilTheLastStatementEnds)
     EXPECT_EQ(messageOf(write), "last");
     EXPECT_EQ(left, 1);
     EXPECT_FALSE(appenders().isAppenderEnabled(1));
-}
-
-TEST_F(Log, AppendersWithIdentifiersOfTheirOwnGetALineEvenIfOneRemovesThemAll)
-{
-    std::string order;
-    addRecorder(3, [&] { order += '3'; });
-    addRecorder(2, [&] {
-        order += '2';
-        appenders().removeAllAppenders();
-    });
-    tests::RecordingAppender known(2, lines);
-    EXPECT_EQ(appenders().addAppender(&known), err::programError(err::kAlreadyExists));
-    EXPECT_EQ(messageOf([](auto& record) { record << "kept"; }), "kept");
-    EXPECT_EQ(messageOf([](auto& record) { record << "lost"; }), "no line");
-    EXPECT_EQ(order, "23");
 }
 
 } // namespace

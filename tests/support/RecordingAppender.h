@@ -3,30 +3,25 @@
 #include "logger/LogLine.h"
 #include "logger/LogSender.h"
 
-#include <functional>
-#include <utility>
 #include <vector>
 
 namespace quillon::tests {
 
 using Lines = std::vector<logger::internal::LogLine<char>>;
 
-/// Keeps every line in a list of the test's, and tells the test of each.
+/// Keeps every line in a list of the test's.
 class RecordingAppender final : public logger::internal::LogAppender<char>
 {
 public:
-    RecordingAppender(std::uint64_t identifier, Lines& lines, std::function<void()> onLine = {})
+    RecordingAppender(std::uint64_t identifier, Lines& lines)
         : LogAppender(identifier)
         , m_lines(lines)
-        , m_onLine(std::move(onLine))
     {
     }
 
     void append(std::uint64_t time, std::uint32_t processId, std::uint32_t threadId, logger::ELogLevel level,
                 const char* category, const char* message, std::uint32_t extra) override
     {
-        if (m_onLine)
-            m_onLine();
         m_lines.push_back({time, processId, threadId, level, category, message, extra});
     }
 
@@ -34,7 +29,6 @@ public:
 
 private:
     Lines& m_lines;
-    std::function<void()> m_onLine;
 };
 
 } // namespace quillon::tests

@@ -2,11 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <atomic>
 #include <future>
 #include <memory>
-#include <thread>
-#include <vector>
 
 namespace quillon::sync {
 namespace {
@@ -42,15 +39,6 @@ TEST(SafeData, AFormerValueIsDestroyedWithoutTheLock)
     data.set({nullptr, [&](void*) { wasFree = othersCanLock(data); }});
     data.set(nullptr);
     EXPECT_TRUE(wasFree);
-}
-
-TEST(SafeValue, ExchangeLetsOneThreadOnlySeeTheFormerValue)
-{
-    SafeValue<bool> isTaken;
-    std::atomic<int> winners{0};
-    for (auto& thread : std::vector<std::jthread>(8))
-        thread = std::jthread([&] { winners += isTaken.exchange(true) ? 0 : 1; });
-    EXPECT_EQ(winners, 1);
 }
 
 } // namespace

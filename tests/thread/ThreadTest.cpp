@@ -4,32 +4,8 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <functional>
 #include <future>
-#include <new>
-
-namespace {
-thread_local bool hasNoMemory = false;
-}
-
-// A run takes memory before it takes a thread, and fails in the same way without either. Inlined, the release
-// would look to the compiler like one of memory that another function gave.
-void* operator new(std::size_t size)
-{
-    void* const memory = hasNoMemory ? nullptr : std::malloc(size);
-    return memory != nullptr ? memory : throw std::bad_alloc();
-}
-
-[[gnu::noinline]] void operator delete(void* memory) noexcept
-{
-    std::free(memory);
-}
-
-[[gnu::noinline]] void operator delete(void* memory, std::size_t) noexcept
-{
-    std::free(memory);
-}
 
 namespace quillon::thread {
 namespace {
@@ -66,21 +42,6 @@ TEST(Thread, RunsOnAWorkerOneRunAtATimeAndEachLeavesItsOwnResult)
         EXPECT_FALSE(thread.isRunning());
         EXPECT_EQ(thread.getResult(), (ResultCode{100, code}));
     }
-}
-
-TEST(Thread, ThatCouldNotStartMayBeStartedAgain)
-{
-    Thread thread;
-    EXPECT_EQ(thread.start(), err::programError(err::kNoRunnable));
-    Work work;
-    work.body = [](std::uint32_t, std::int64_t) { return ResultCode{7, 70}; };
-    thread.setRunnable(&work);
-    hasNoMemory = true;
-    const ResultCode started = thread.start();
-    hasNoMemory = false;
-    EXPECT_EQ(started, err::programError(err::kThreadNotStarted));
-    EXPECT_EQ(thread.start(), ResultCode{});
-    EXPECT_EQ(thread.wait(), WaitStatus::Ready);
 }
 
 } // namespace

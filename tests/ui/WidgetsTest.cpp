@@ -4,42 +4,21 @@
 
 #include "support/CaseTable.h"
 #include "support/UrlDesktop.h"
-#include "ui/AlgorithmList.h"
 #include "ui/Appearance.h"
 #include "ui/CAboutDialog.h"
-#include "ui/CProgressBarFrame.h"
 #include "ui/CkeyboardShortcutInfoDialog.h"
 
 #include <QApplication>
 #include <QFontInfo>
 #include <QLabel>
-#include <QMimeData>
-#include <QProgressBar>
 #include <QPushButton>
 #include <QTest>
 #include <QTextEdit>
 
 #include <gtest/gtest.h>
 
-#include <cmath>
-
 namespace quillon::tests {
 namespace {
-
-TEST(AlgorithmItemData, WhatIsNoAlgorithmReadsAsZero)
-{
-    using Id = thisapp::SHashAlgId;
-    const std::pair<QVariantMap, Id> cases[] = {
-        {{{"lib", 300}, {"alg", 11}}, {300, 11}}, // of no use, but both exist
-        {{{"lib", 2}, {"alg", 11}}, {0, 11}},
-        {{{"lib", 1}, {"alg", 302}}, {1, 0}},
-        {{{"alg", 11}}, {}},
-        {{{"lib", 1}}, {}},
-        {{{"lib", Q_INT64_C(4294967297)}, {"alg", Q_INT64_C(-4294967285)}}, {}},
-    };
-    for (const auto& [data, id] : cases)
-        EXPECT_EQ(parseAlgorithmItemData(data), id) << id.lib;
-}
 
 TEST(Appearance, AnAdjustedFontDiffersInSizeAndWeightOrStyleOnly)
 {
@@ -57,87 +36,11 @@ TEST(Appearance, AnAdjustedFontDiffersInSizeAndWeightOrStyleOnly)
     }
 }
 
-TEST(Appearance, ADarkPaletteAloneIsReplacedByALightOne)
+TEST(MainWindowForm, TheTabKeyWalksFromTopToBottomOverFieldsWithAccessibleNames)
 {
-    const QPalette former = QApplication::palette();
-    const auto lightness = [](auto role) { return QApplication::palette().color(role).lightness(); };
-    QApplication::setPalette(QPalette(QColor(250, 240, 220)));
-    useLightPaletteOnDarkDesktop();
-    EXPECT_EQ(QApplication::palette().color(QPalette::Window), QColor(250, 240, 220));
-    QApplication::setPalette(QPalette(QColor(40, 40, 40)));
-    useLightPaletteOnDarkDesktop();
-    EXPECT_GT(lightness(QPalette::Window), lightness(QPalette::WindowText) + 128);
-    EXPECT_GT(lightness(QPalette::HighlightedText), lightness(QPalette::Highlight) + 128);
-    QApplication::setPalette(former);
-}
-
-TEST(ProgressBarFrame, CutsThePercentToThePerMilleAndLeavesTheBarWhereItIsNone)
-{
-    CProgressBarFrame frame;
-    for (const auto& [percent, value] : {std::pair{0.099F, 0},
-                                         {0.1F, 1},
-                                         {99.99F, 999},
-                                         {100.0F, 1000},
-                                         {25.0F, 250},
-                                         {0.0F, 0},
-                                         {37.512F, 375},
-                                         {-0.001F, 375},
-                                         {NAN, 375},
-                                         {100.001F, 375}}) {
-        frame.setProgress(QString("word ").repeated(100), percent);
-        EXPECT_EQ(frame.findChild<QProgressBar*>()->value(), value) << percent;
-    }
-    EXPECT_EQ(frame.findChild<QLineEdit*>()->cursorPosition(), 0) << "a long text shows its beginning";
-}
-
-class MainWindowForm : public testing::Test, public IFilesDragDropEvent
-{
-protected:
-    MainWindowForm()
-    {
-        form.setupUi(&window);
-        form.frameInputFile->setDropHandler(this);
-        form.lineEditInput->setDropHandler(this);
-    }
-
-    void onFilesDropped(std::int32_t /*id*/, const QList<QUrl>& /*urls*/) override { ++drops; }
-
-    /// What the source of a move is told in the end, where the drag is taken.
-    Qt::DropAction drop(QWidget* target) const
-    {
-        QDragEnterEvent enter({5, 5}, Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(target, &enter);
-        QDropEvent drop(QPoint(5, 5), Qt::CopyAction | Qt::MoveAction, &mime, Qt::LeftButton, Qt::NoModifier);
-        drop.setDropAction(Qt::MoveAction);
-        if (enter.isAccepted())
-            QApplication::sendEvent(target, &drop);
-        return enter.isAccepted() && drop.isAccepted() ? drop.dropAction() : Qt::IgnoreAction;
-    }
-
     QMainWindow window;
     Ui_CMainWindow form;
-    QMimeData mime;
-    int drops = 0;
-};
-
-TEST_F(MainWindowForm, TakesDropsOfFilesOnTheWholePanelAsCopiesAndNoOthers)
-{
-    mime.setText("file:///a");
-    EXPECT_EQ(drop(form.lineEditInput), Qt::IgnoreAction) << "a text";
-    mime.setUrls({});
-    EXPECT_EQ(drop(form.frameInputFile), Qt::IgnoreAction) << "a list of no files";
-    EXPECT_EQ(drops, 0);
-    mime.setUrls({QUrl("file:///a")});
-    EXPECT_EQ(drop(form.lineEditInput), Qt::CopyAction) << "the source of a move would delete the file";
-    EXPECT_EQ(form.lineEditInput->text(), "");
-    form.lineEditInput->setEnabled(false);
-    EXPECT_EQ(drop(form.lineEditInput), Qt::CopyAction);
-    EXPECT_EQ(drop(form.textEditInputFileDetails->viewport()), Qt::CopyAction);
-    EXPECT_EQ(drops, 3);
-}
-
-TEST_F(MainWindowForm, TheTabKeyWalksFromTopToBottomOverFieldsWithAccessibleNames)
-{
+    form.setupUi(&window);
     window.show();
     // Not every offscreen platform makes a shown window the active one.
     QApplication::setActiveWindow(&window);

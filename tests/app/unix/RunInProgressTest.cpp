@@ -89,6 +89,7 @@ TEST_F(RunInProgress, ShowsItsBeginningThenTheShareOnBothBarsAndRefusesAnotherSt
     faults.delayMs = 0;
     finish(done);
     EXPECT_TRUE(waitFor([&bus] { return bus.updates().last().startsWith("hidden"); }));
+    EXPECT_EQ(bus.application(), "application://example.quillon.Kestrum.desktop");
     driver.reset(); // before the bus
 }
 

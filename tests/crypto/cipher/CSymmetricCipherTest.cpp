@@ -12,7 +12,6 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -134,27 +133,6 @@ TYPED_TEST(SymmetricCipher, EveryRunTakesItsCourseAndTheNextOneIsWhole)
     }
 }
 
-TYPED_TEST(SymmetricCipher, AllFormsGiveTheSameAndAnEmptyPasswordStandsForAZeroKey)
-{
-    const std::string wholeWrite = this->kEnciphers ? "write256" : "write200";
-    this->course.plan = "started read" + std::to_string(this->source.size()) + ' ' + wholeWrite + " finished";
-    this->callback.userData = this;
-    const auto form = [this](const auto&... arguments) {
-        MemoryStream input(this->course, this->source);
-        SlowOutput output(this->course);
-        this->course.heard.clear();
-        EXPECT_EQ(pass(this->cipher, &this->callback, this, &input, &output, arguments...), "0/0");
-        EXPECT_EQ(output.bytes, this->whole);
-        EXPECT_EQ(this->course.heard, this->course.plan);
-    };
-    form(this->key);
-    form(this->key, this->iv);
-    form(this->key, this->iv, 32768, 400U);
-    form("");
-    form("", 23U);
-    form("", 23U, this->iv, 32768, 400U);
-}
-
 TYPED_TEST(SymmetricCipher, ArgumentsAreCheckedInOrderAndWithoutAnyEffect)
 {
     MemoryStream input(this->course, this->source);
@@ -193,29 +171,6 @@ TEST(PasswordKey, TheSizeOfTheKeyChoosesTheHash)
 {
     for (const auto& [keyBytes, hash] : {std::pair{28, 20U}, {29, 21U}, {32, 21U}, {48, 22U}, {49, 23U}})
         EXPECT_EQ(internal::hashForKeySize(keyBytes), hash);
-}
-
-TEST(SymmetricEngine, ArgumentsAreCheckedInOrderAndOtherwiseLeftAlone)
-{
-    cryptopp::internal::BlowfishEncryptorEngine engine;
-    std::array<char, 57> bytes{};
-    std::array<char, 57> output{};
-    std::int32_t count = -1;
-    for (const tests::CaseRow& row : tests::readCaseTable("crypto/cipher/engine.txt")) {
-        const char* const first = row[1] == "none" ? nullptr : bytes.data();
-        char* const second = row[3] == "none" ? nullptr : output.data();
-        EXPECT_EQ(codesOf(row[0] == "setKey"
-                              ? engine.setKey(first, std::stoi(row[2]), second, std::stoi(row[4]))
-                              : engine.process(first, std::stoi(row[2]), second, std::stoi(row[4]), &count)),
-                  row[5]);
-    }
-    EXPECT_EQ(count, -1);
-    EXPECT_EQ(output, bytes);
-    EXPECT_EQ(codesOf(engine.process(bytes.data(), 16, output.data(), 16, &count)), "0/0");
-    EXPECT_EQ(count, 16);
-    EXPECT_TRUE(engine.isInitialised());
-    engine.release();
-    EXPECT_FALSE(engine.isInitialised());
 }
 
 TEST(SettingCipher, ASettingComesBackFromATextThatDiffersEachTime)

@@ -2,7 +2,6 @@
 
 #include "crypto/HashCatalogue.h"
 #include "crypto/TestDoubles.h"
-#include "crypto/cryptopp/CppHashFactory.h"
 #include "logger/Log.h"
 #include "support/Bytes.h"
 #include "support/RecordingAppender.h"
@@ -130,9 +129,6 @@ TEST_F(HashEntry, ACalculatorThatDoesNotExistIsLogged)
         EXPECT_EQ(getHashCalculator(library, algorithm), nullptr);
         EXPECT_EQ(line(), std::string("2 getHashCalculator: ") + sentence);
     }
-    IHash* hash = nullptr;
-    EXPECT_EQ(codesOf(cryptopp::CHashFactory().create(300, 11, &hash)), "5/70");
-    EXPECT_EQ(codesOf(cryptopp::CHashFactory().create(1, 11, nullptr)), "5/5");
 }
 
 TEST_F(HashEntry, WhatIsMissingIsReportedAndLoggedWithoutARun)
@@ -145,19 +141,6 @@ TEST_F(HashEntry, WhatIsMissingIsReportedAndLoggedWithoutARun)
     EXPECT_EQ(run(tests::utf8Name(folder.file("missing")), sha256), systemError);
     EXPECT_EQ(line(), "2 calculateHash: Failed to open file. Error: " + systemError);
     EXPECT_EQ(course.heard, "");
-}
-
-TEST_F(HashEntry, TheDigestOfAFileIsThatOfItsBytes)
-{
-    const auto vectors = readVectors();
-    for (const Vector& vector : vectors.at("SHA-256")) {
-        const auto file =
-            folder.write("a name 'with' quotes & signs, \u00FC and \u6F22\u5B57", vector.message);
-        EXPECT_EQ(run(tests::utf8Name(file), sha256), "0/0");
-        EXPECT_TRUE(course.heard.ends_with("finished"));
-        EXPECT_EQ(digestOf(*sha256), vector.digest) << vector.file;
-    }
-    EXPECT_EQ(line(), "");
 }
 
 // One calculator for all pieces, so each run also shows that the one before has left nothing behind.

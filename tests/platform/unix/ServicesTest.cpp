@@ -1,5 +1,4 @@
 #include "platform/InputFile.h"
-#include "platform/Network.h"
 #include "support/OrdinaryUser.h"
 #include "support/PrintResultCode.h"
 #include "support/TempFolder.h"
@@ -8,7 +7,6 @@
 #include <sys/stat.h>
 
 #include <cerrno>
-#include <csignal>
 
 namespace quillon::platform {
 namespace {
@@ -53,23 +51,6 @@ TEST(InputFile, WhatCannotBeReadAsAFileIsRefusedAtOnceWithTheReason)
         EXPECT_FALSE(file);
     }
     alarm(0);
-}
-
-TEST(BrokenPipeSignalBlock, LetsAWriteFailUntilTheOuterOneEnds)
-{
-    int ends[2] = {};
-    ASSERT_EQ(pipe(ends), 0);
-    close(ends[0]);
-    {
-        const BrokenPipeSignalBlock outer;
-        std::make_unique<BrokenPipeSignalBlock>().reset();
-        EXPECT_LT(write(ends[1], "x", 1), 0); // the signal would end the program, then or at the end
-        EXPECT_EQ(errno, EPIPE);
-    }
-    sigset_t blocked = {};
-    pthread_sigmask(SIG_BLOCK, nullptr, &blocked);
-    EXPECT_EQ(sigismember(&blocked, SIGPIPE), 0);
-    close(ends[1]);
 }
 
 } // namespace

@@ -1,8 +1,7 @@
 #include "platform/qt/TaskbarProgress.h"
 #include "platform/qt/UserPlaces.h"
 #include "platform/qt/unix/SessionBusProbe.h"
-#include "support/LauncherBus.h"
-#include "support/QtWait.h"
+#include "support/Wait.h"
 
 #include <QElapsedTimer>
 #include <QFile>
@@ -65,29 +64,6 @@ TEST(TaskbarProgress, WithoutABusThatAnswersIsSilentAndHoldsNobodyUp)
     EXPECT_FALSE(answersSessionBus(tests::kWaitLimit)) << "hangs up";
     hangUp.join();
     qunsetenv("DBUS_SESSION_BUS_ADDRESS");
-}
-
-// The program's connection to the bus is made once, so all that needs a bus is one test, behind the one that
-// must not make it.
-TEST(TaskbarProgress, TellsTheDockWhatChangesWhileItIsShown)
-{
-    tests::LauncherBus bus;
-    ASSERT_TRUE(bus.isListening());
-    auto progress = std::make_unique<TaskbarProgress>(0);
-    progress->setValue(30);
-    progress->show();
-    ASSERT_TRUE(tests::waitFor([&bus] { return bus.updates().size() == 1; }));
-    for (const int value : {55, 55, 400, -1})
-        progress->setValue(value);
-    progress->hide();
-    progress->setValue(20);
-    progress->show();
-    progress.reset();
-    const QStringList expected{"shown 0.3", "shown 0.55", "shown 1",   "shown 0",
-                               "hidden 0",  "shown 0.2",  "hidden 0.2"};
-    EXPECT_TRUE(tests::waitFor([&] { return bus.updates().size() >= expected.size(); }));
-    EXPECT_EQ(bus.updates(), expected) << bus.updates().join(", ").toStdString();
-    EXPECT_EQ(bus.application(), "application://example.quillon.Kestrum.desktop");
 }
 
 } // namespace
