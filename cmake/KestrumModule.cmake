@@ -76,4 +76,8 @@ function(kestrum_test name)
     endif()
     add_test(NAME ${name} COMMAND ${name})
     set_tests_properties(${name} PROPERTIES ENVIRONMENT "${environment}" TIMEOUT 900)
+    if(WIN32 AND arg_QT)
+        # They store in the same key of the registry, which is the user's.
+        set_tests_properties(${name} PROPERTIES RESOURCE_LOCK settings)
+    endif()
 endfunction()
