@@ -5,12 +5,18 @@
 #include "sync/ScopeExit.h"
 
 #include <algorithm>
+#include <chrono>
 #include <cstring>
+#include <thread>
 #include <utility>
 #include <vector>
 
 namespace quillon::crypto::internal {
 namespace {
+
+// A file that was cut short may have its bytes back at any time. Asking without a pause would cost a whole
+// core.
+constexpr std::chrono::milliseconds kPauseWithoutBytes{5};
 
 /// One run from the first flag to the last.
 class HashRun
@@ -114,6 +120,8 @@ HashResult HashRun::absorbChunk(char* buffer, std::int32_t chunk, std::int64_t& 
     unsigned bytesRead = 0;
     if (!m_stream.read(buffer, chunk, &bytesRead))
         return {m_stream.lastError(), err::programError(err::kStreamReadFailed)};
+    if (bytesRead == 0)
+        std::this_thread::sleep_for(kPauseWithoutBytes);
     const HashResult absorbed = m_engine.update(buffer, static_cast<std::int32_t>(bytesRead));
     if (succeeded(absorbed))
         total += bytesRead;

@@ -29,6 +29,13 @@ public:
     /// The last call of a run. `stopped` says that a stop was asked for; one that came after the last read
     /// was too late, and then `result` is a success all the same.
     virtual void onHashFinished(bool stopped, const HashResult& result, void* userData) = 0;
+
+    /// Asked every now and then while a file is waited for before a run: whether to give it up.
+    [[nodiscard]] virtual bool isHashStopRequested() const { return false; }
+
+    /// Follows the end of a run that succeeded, where somebody wrote to the file while it was read: the
+    /// digest may be that of no state that the file ever had.
+    virtual void onHashFileChanged() {}
 };
 
 /// The reading buffer of the short forms of `calculate`, in bytes.
@@ -65,7 +72,7 @@ public:
     /// other effect. (5, 1004) for a run that `stop` ended. A failed read gives the stream's error and (5,
     /// 60), a failed engine the engine's own result. After any failure the stored digest is all zero bytes,
     /// and the calculator is only good for being destroyed. A stream that ends before its size, as a file cut
-    /// short does, makes the run go on until `stop`.
+    /// short does, makes the run go on until `stop`, with pauses of some milliseconds.
     ///
     /// Where memory runs out std::bad_alloc leaves this call, and the calculator counts as running for good.
     virtual HashResult calculate(Stream* stream) = 0;

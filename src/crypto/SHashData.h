@@ -18,6 +18,7 @@ struct SHashData
     std::uint64_t processedBytes = 0;
     bool stopped = false;
     quillon::crypto::HashResult result;
+    bool fileChanged = false; ///< somebody wrote to the file while it was read
 };
 
 } // namespace thisapp

@@ -6,7 +6,7 @@
 
 namespace quillon::io::internal {
 
-err::ResultCode IStreamFile<wchar_t>::open(const wchar_t* fileName)
+err::ResultCode IStreamFile<wchar_t>::open(const wchar_t* fileName, const platform::StopQuery& isStopped)
 {
     if (fileName == nullptr || *fileName == L'\0')
         return m_error.keep(err::programError(err::kInvalidArgument));
@@ -14,11 +14,18 @@ err::ResultCode IStreamFile<wchar_t>::open(const wchar_t* fileName)
         return m_error.keep(err::programError(err::kAlreadyExists));
     m_error.reset();
     std::unique_ptr<platform::InputFile> file;
-    if (const err::ResultCode opened = platform::openInputFile(fileName, file); !err::succeeded(opened))
+    const err::ResultCode opened = platform::openInputFile(fileName, file, isStopped);
+    if (!err::succeeded(opened))
         return m_error.keep(opened);
     m_options.set({file->size(), 0});
     m_file.set(std::move(file));
     return {};
+}
+
+bool IStreamFile<wchar_t>::isFileChanged() const
+{
+    const std::shared_ptr<platform::InputFile> file = m_file.get();
+    return file && file->isChanged();
 }
 
 void IStreamFile<wchar_t>::close()

@@ -29,7 +29,11 @@ public:
 
     /// Opens an existing file. {5, 5} for a null or empty name, {5, 7} where the stream is open already,
     /// {1, system error} where the system refuses. A failure is also kept as the last error.
-    err::ResultCode open(const wchar_t* fileName);
+    /// While another program holds the file back, `isStopped` may end the wait for it.
+    err::ResultCode open(const wchar_t* fileName, const platform::StopQuery& isStopped = {});
+
+    /// Whether somebody has written to the file since its open; false where the stream is not open.
+    [[nodiscard]] bool isFileChanged() const;
 
     /// Closes the file, if one is open. The stream can then be opened again.
     void close();

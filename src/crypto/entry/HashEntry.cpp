@@ -72,12 +72,22 @@ HashResult calculateHash(const thisapp::SHashData& hashData, std::shared_ptr<IHa
         return hashError(err::kFileNameNotDefined);
     }
     io::IStreamFile<wchar_t> file;
-    const HashResult opened{file.open(text::wideFromUtf8(hashData.fileName).c_str()), {}};
+    const auto isStopped = [callback] { return callback != nullptr && callback->isHashStopRequested(); };
+    const HashResult opened{file.open(text::wideFromUtf8(hashData.fileName).c_str(), isStopped), {}};
+    if (!succeeded(opened) && isStopped())
+        return hashError(err::kHashStopped);
     if (!succeeded(opened)) {
         logError("calculateHash", "Failed to open file. ", opened);
         return opened;
     }
-    return hash->calculate(&file, callback);
+    const HashResult result = hash->calculate(&file, callback);
+    if (succeeded(result) && file.isFileChanged()) {
+        logger::log(ELogLevel::Warning, "calculateHash",
+                    [](auto& record) { record << "The file was changed during the calculation."; });
+        if (callback != nullptr)
+            callback->onHashFileChanged();
+    }
+    return result;
 }
 
 } // namespace quillon::crypto

@@ -17,8 +17,9 @@ namespace quillon::crypto {
 /// digest is fetched from `hash` afterwards.
 ///
 /// (5, 4006) without a calculator, (5, 200) without a file name; a file that cannot be opened gives the
-/// system's error; otherwise the result of IHash::calculate. The file is read to the length that it has when
-/// it is opened, and other programs may write to it.
+/// system's error, and (5, 1004) where `callback` wants no more of it; otherwise the result of
+/// IHash::calculate. The file is read to the length that it has when it is opened, and other programs may
+/// write to it, of which `callback` hears.
 HashResult calculateHash(const thisapp::SHashData& hashData, std::shared_ptr<IHash> hash,
                          IHashCallback* callback);
 

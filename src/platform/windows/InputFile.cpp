@@ -1,5 +1,7 @@
 #include "platform/InputFile.h"
 
+#include "platform/windows/LongName.h"
+
 #include <windows.h>
 
 namespace quillon::platform {
@@ -20,6 +22,15 @@ struct HandleCloser
     }
 };
 
+InputFile::Stamp stampOf(const BY_HANDLE_FILE_INFORMATION& status)
+{
+    const auto join = [](DWORD high, DWORD low) {
+        return static_cast<std::int64_t>((static_cast<std::uint64_t>(high) << 32U) | low);
+    };
+    return {join(status.nFileSizeHigh, status.nFileSizeLow),
+            join(status.ftLastWriteTime.dwHighDateTime, status.ftLastWriteTime.dwLowDateTime), true};
+}
+
 } // namespace
 
 InputFile::~InputFile()
@@ -36,20 +47,29 @@ err::ResultCode InputFile::read(char* buffer, std::uint32_t count, std::uint32_t
     return {};
 }
 
-err::ResultCode openInputFile(const std::wstring& name, std::unique_ptr<InputFile>& file)
+bool InputFile::isChanged() const noexcept
 {
-    std::unique_ptr<void, HandleCloser> handle(
-        CreateFileW(name.c_str(), FILE_READ_DATA | FILE_READ_ATTRIBUTES, FILE_SHARE_READ | FILE_SHARE_WRITE,
-                    nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL | FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
+    BY_HANDLE_FILE_INFORMATION status{};
+    return m_stamp.isRegular && GetFileInformationByHandle(handleOf(m_handle), &status) != 0 &&
+           stampOf(status) != m_stamp;
+}
+
+// Nothing is waited for: whoever holds a file back here holds it back for good.
+err::ResultCode openInputFile(const std::wstring& name, std::unique_ptr<InputFile>& file,
+                              const StopQuery& /*isStopped*/)
+{
+    std::unique_ptr<void, HandleCloser> handle(CreateFileW(
+        openableName(name).c_str(), FILE_READ_DATA | FILE_READ_ATTRIBUTES, FILE_SHARE_READ | FILE_SHARE_WRITE,
+        nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL | FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
     if (handle.get() == INVALID_HANDLE_VALUE)
         return err::systemError(GetLastError());
     // Pipes and devices have no size that a digest could be read to.
     if (GetFileType(handle.get()) != FILE_TYPE_DISK)
         return err::systemError(ERROR_NOT_SUPPORTED);
-    LARGE_INTEGER size{};
-    if (GetFileSizeEx(handle.get(), &size) == 0)
+    BY_HANDLE_FILE_INFORMATION status{};
+    if (GetFileInformationByHandle(handle.get(), &status) == 0)
         return err::systemError(GetLastError());
-    file.reset(new InputFile(reinterpret_cast<std::intptr_t>(handle.release()), size.QuadPart));
+    file.reset(new InputFile(reinterpret_cast<std::intptr_t>(handle.release()), stampOf(status)));
     return {};
 }
 

@@ -1,11 +1,17 @@
 #include "platform/InputFile.h"
 #include "platform/Process.h"
+#include "platform/windows/LongName.h"
+#include "support/CaseTable.h"
 #include "support/PrintResultCode.h"
 #include "support/TempFolder.h"
+#include "text/Unicode.h"
 
 #include <windows.h>
 
 #include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
 
 namespace quillon::platform {
 namespace {
@@ -26,6 +32,19 @@ TEST(InputFile, SharesWithAWriterAndWithNobodyWhoKeepsOrRemovesTheFile)
     EXPECT_FALSE(DeleteFileW(name.c_str()));
     file.reset();
     EXPECT_TRUE(DeleteFileW(name.c_str()));
+}
+
+TEST(LongName, OpensAlsoWhereTheMachineIsNotSetUpForOne)
+{
+    for (const tests::CaseRow& row : tests::readCaseTable("platform/windows/long-names.txt"))
+        EXPECT_EQ(text::utf8FromWide(withLongNamePrefix(text::wideFromUtf8(row[0]))), row[1]);
+    const tests::TempFolder folder;
+    std::filesystem::path deep = LR"(\\?\)" + folder.path().native();
+    for (int level = 0; level < 10; ++level)
+        std::filesystem::create_directory(deep /= std::string(40, 'd'));
+    std::ofstream(deep / "file") << "contents";
+    std::unique_ptr<InputFile> file;
+    EXPECT_EQ(openInputFile((deep / "file").native().substr(4), file), err::ResultCode{});
 }
 
 TEST(Process, KnowsItsProgramItsArgumentsAndTheSystemsTextsByItself)
