@@ -3,6 +3,8 @@
 #include "platform/qt/UserPlaces.h"
 #include "vars/Product.h"
 
+#include <utility>
+
 namespace quillon {
 namespace {
 
@@ -28,6 +30,13 @@ AppSettings::AppSettings(int productId, const platform::SettingsStore& store)
     : QSettings(store.path, store.format)
     , m_productId(productId)
 {
+}
+
+void AppSettings::setValue(const QString& key, const QVariant& value)
+{
+    if (!std::exchange(m_isWritable, true))
+        platform::freeAbandonedLocks({fileName(), format()});
+    QSettings::setValue(key, value);
 }
 
 } // namespace quillon

@@ -19,10 +19,15 @@ public:
 
     [[nodiscard]] int productId() const noexcept { return m_productId; }
 
+    /// Stores `value`. The first one waits for the lock of a writer that was killed (see
+    /// platform::freeAbandonedLocks).
+    void setValue(const QString& key, const QVariant& value);
+
 private:
     AppSettings(int productId, const platform::SettingsStore& store);
 
     int m_productId;
+    bool m_isWritable = false;
 };
 
 } // namespace quillon

@@ -2,6 +2,7 @@
 
 #include "crypto/DigestText.h"
 #include "crypto/HashCatalogue.h"
+#include "settings/CAppSettings.h"
 
 #include <QSettings>
 #include <QString>
@@ -37,7 +38,7 @@ struct Setting
         return isValid(value) ? value : byDefault;
     }
 
-    void write(QSettings& store, const Value& value) const { store.setValue(key, value); }
+    void write(quillon::AppSettings& store, const Value& value) const { store.setValue(key, value); }
 };
 
 // The table of what the program stores. Nothing of it is kept in memory: each reader asks the store anew. It

@@ -10,31 +10,64 @@
 #include <fcntl.h>
 #include <sys/file.h>
 
+#include <chrono>
+#include <thread>
+
 namespace quillon::platform {
 namespace {
 
 constexpr mode_t kOwnerOnly = S_IRUSR | S_IWUSR;
 
 /// QSettings would create the file readable by everybody, but keeps the permissions of one that exists.
-void makeOwnerOnlyFile(const QString& path)
+/// False where something else has the name.
+bool makeOwnerOnlyFile(const QString& path)
 {
     QDir().mkpath(QFileInfo(path).path());
     const QByteArray name = QFile::encodeName(path);
     struct stat status = {};
-    if (stat(name.constData(), &status) == 0) {
-        if (S_ISREG(status.st_mode) && (status.st_mode & (S_IRWXG | S_IRWXO)) != 0)
-            static_cast<void>(chmod(name.constData(), status.st_mode & S_IRWXU));
-        return;
+    if (stat(name.constData(), &status) != 0) {
+        const Descriptor made(open(name.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kOwnerOnly));
+        return true;
     }
-    const Descriptor made(open(name.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kOwnerOnly));
+    if (S_ISREG(status.st_mode) && (status.st_mode & (S_IRWXG | S_IRWXO)) != 0)
+        static_cast<void>(chmod(name.constData(), status.st_mode & S_IRWXU));
+    return S_ISREG(status.st_mode);
 }
 
-/// QLockFile keeps a native lock on its file for as long as it holds it, so a lock file without one was left
-/// by a process that was killed. QLockFile itself would wait half a minute for an empty one, and a writer
-/// killed while it takes another's lock file away leaves a lock for the next one to stumble over.
-void removeAbandonedLock(const QString& path)
+// A writer makes its lock file first and takes the native lock on it right after that. Nobody is between the
+// two for as long as this.
+constexpr std::chrono::seconds kLeastAgeOfAbandoned{2};
+
+std::chrono::nanoseconds writtenAt(const struct stat& status)
 {
-    const QByteArray name = QFile::encodeName(path);
+    return std::chrono::seconds(status.st_mtim.tv_sec) + std::chrono::nanoseconds(status.st_mtim.tv_nsec);
+}
+
+/// Waits until the lock file with this name is old; false where it goes before that, or another comes.
+bool waitForOldLock(const QByteArray& name)
+{
+    constexpr std::chrono::milliseconds kPause{10};
+    struct stat first = {};
+    if (stat(name.constData(), &first) != 0)
+        return false;
+    const auto end = std::chrono::system_clock::time_point(writtenAt(first)) + kLeastAgeOfAbandoned;
+    // The file's clock may be that of a server.
+    const auto latestEnd = std::chrono::steady_clock::now() + kLeastAgeOfAbandoned;
+    while (std::chrono::system_clock::now() < end && std::chrono::steady_clock::now() < latestEnd) {
+        std::this_thread::sleep_for(kPause);
+        struct stat now = {};
+        if (stat(name.constData(), &now) != 0 || !isSameFile(now, first) ||
+            writtenAt(now) != writtenAt(first))
+            return false;
+    }
+    return true;
+}
+
+/// QLockFile keeps a native lock on its file for as long as it holds it, so an old lock file without one was
+/// left by a process that was killed. QLockFile itself would wait half a minute for an empty one, and a
+/// writer killed while it takes another's lock file away leaves a lock for the next one to stumble over.
+void removeAbandonedLock(const QByteArray& name)
+{
     const Descriptor lock(open(name.constData(), O_RDWR | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK));
     struct stat opened = {};
     struct stat named = {};
@@ -56,11 +89,18 @@ SettingsStore settingsStore(const QString& organisation, const QString& product)
 {
     const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
     const QString path = folder + '/' + organisation + '/' + product + QStringLiteral(".conf");
-    makeOwnerOnlyFile(path);
+    // QSettings would wait for somebody to write into a pipe. Below what is no folder it finds nothing.
+    return {makeOwnerOnlyFile(path) ? path : path + QStringLiteral("/none"), QSettings::IniFormat};
+}
+
+void freeAbandonedLocks(const SettingsStore& store)
+{
     // The second is the lock under which QLockFile takes away a stale first one.
-    for (const char* suffix : {".lock", ".lock.rmlock"})
-        removeAbandonedLock(path + QLatin1String(suffix));
-    return {path, QSettings::IniFormat};
+    for (const char* suffix : {".lock", ".lock.rmlock"}) {
+        const QByteArray name = QFile::encodeName(store.path) + suffix;
+        if (waitForOldLock(name))
+            removeAbandonedLock(name);
+    }
 }
 
 QString sendToLinkPath(const QString& /*productName*/, const QString& productId)

@@ -21,6 +21,9 @@ SettingsStore settingsStore(const QString& organisation, const QString& product)
             QSettings::NativeFormat};
 }
 
+// The registry needs no lock of ours.
+void freeAbandonedLocks(const SettingsStore& /*store*/) {}
+
 QString sendToLinkPath(const QString& productName, const QString& /*productId*/)
 {
     wchar_t folder[MAX_PATH] = {};
