@@ -214,13 +214,15 @@ std::string scriptMark(std::string_view id)
 std::string fileScript(const Entry& entry, std::string_view pathsVariable)
 {
     const std::string variable(pathsVariable);
-    return "#!/bin/sh\n" + scriptMark(entry.id) +
+    return "#!/bin/sh\n" + scriptMark(entry.id) + "# " + vars::kProductName +
+           " owns this file and writes it anew. Where several files are selected it does nothing.\n"
+           "[ $# -eq 1 ] || exit 0\n"
            "file=$1\n"
            "# The file manager takes percent signs in arguments for codes, and loses them.\n"
-           "case \"$# $" +
+           "case $" +
            variable +
-           "\" in\n"
-           "    \"1 \"*%*) file=${" +
+           " in\n"
+           "    *%*) file=${" +
            variable +
            "%?} ;;\n"
            "esac\n"
