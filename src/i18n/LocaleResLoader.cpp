@@ -11,6 +11,13 @@
 #include <memory>
 
 namespace quillon::i18n::internal {
+namespace {
+
+// Every file of a chain of includes is open while the next one is read.
+constexpr int kMostDepth = 32;
+constexpr std::size_t kMostFiles = 1000;
+
+} // namespace
 
 err::ResultCode LocaleResLoaderPropFile<char>::load(const std::string& path,
                                                     ILocaleResLoaderCallback<char>* callback)
@@ -46,8 +53,12 @@ err::ResultCode LocaleResLoaderTrFile<char>::load(const std::string& path,
 
 void LocaleResLoaderTrFile<char>::onInclude(const std::string& path)
 {
+    if (m_depth == kMostDepth || m_loadedPaths.size() == kMostFiles)
+        return;
+    ++m_depth;
     // Translators get no messages: an include that leads nowhere is left out.
     static_cast<void>(loadOnce(path));
+    --m_depth;
 }
 
 void LocaleResLoaderTrFile<char>::onUseItem(const std::string& name, const std::string& extra)
@@ -88,6 +99,7 @@ err::ResultCode LocaleResLoaderTrFile<char>::loadOnce(std::string path)
 void LocaleResLoaderTrFile<char>::forget(ILocaleResLoaderCallback<char>* next)
 {
     m_callback = next;
+    m_depth = 0;
     m_loadedPaths.clear();
     m_definedItems.clear();
 }

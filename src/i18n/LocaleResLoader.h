@@ -81,7 +81,8 @@ class LocaleResLoaderTrFile<char> final : public ILocaleResLoader<char>,
 public:
     /// {5, 40} for an empty path and {5, 41} where there is no such file or it is a folder. A file that
     /// cannot be opened, an included file that does not exist and a faulty entry give nothing and are no
-    /// failures. An included relative path counts from the process's current folder.
+    /// failures; neither is an include more than 32 levels below the first file, or one after 1,000 files.
+    /// An included relative path counts from the process's current folder.
     err::ResultCode load(const std::string& path, ILocaleResLoaderCallback<char>* callback) override;
 
 private:
@@ -96,6 +97,7 @@ private:
     void forget(ILocaleResLoaderCallback<char>* next);
 
     ILocaleResLoaderCallback<char>* m_callback = nullptr;
+    int m_depth = 0;
     std::set<std::string> m_loadedPaths;
     std::map<std::string, std::pair<std::string, std::string>> m_definedItems;
 };

@@ -12,6 +12,9 @@ namespace {
 
 constexpr std::int64_t kMostBytes = 32768;
 
+// Nobody writes a text of this size. A file that has lost an "@end" might, or one that is none.
+constexpr std::size_t kMostTextBytes = std::size_t{64} * 1024;
+
 } // namespace
 
 // Small files get small queues: a file may be one of a long chain of includes, which are all open at a time.
@@ -58,9 +61,15 @@ auto isByte(char wanted)
     return [wanted](char c) { return c == wanted; };
 }
 
+/// Keeps one byte more than a text may have, which then tells of the rest.
 auto appendTo(std::string& text)
 {
-    return [&text](std::string_view bytes) { text += bytes; };
+    return [&text](std::string_view bytes) { text += bytes.substr(0, kMostTextBytes + 1 - text.size()); };
+}
+
+bool isTooLong(const std::string& text)
+{
+    return text.size() > kMostTextBytes;
 }
 
 /// What a byte stands for behind a backslash.
@@ -122,7 +131,7 @@ bool TrResReader::takeQuotedPath()
     skipWhite();
     if (!takeWord("\""))
         return false;
-    while (m_ahead.passTo(isByte('"'), appendTo(m_path))) {
+    while (m_ahead.passTo(isByte('"'), appendTo(m_path)) && !isTooLong(m_path)) {
         m_ahead.skip(1);
         if (!m_path.ends_with('\\'))
             return true;
@@ -163,7 +172,7 @@ bool TrResReader::takeContext()
 {
     m_context.clear();
     skipWhite();
-    while (m_ahead.passTo(isByte('@'), appendTo(m_context))) {
+    while (m_ahead.passTo(isByte('@'), appendTo(m_context)) && !isTooLong(m_context)) {
         if (!m_context.ends_with('\\') && isAtKeyword()) {
             file::trim(m_context);
             return true;
@@ -179,7 +188,7 @@ bool TrResReader::takeText(std::string& text)
 {
     text.clear();
     skipWhite();
-    while (m_ahead.passTo([](char c) { return c == '@' || c == '\\'; }, appendTo(text))) {
+    while (m_ahead.passTo([](char c) { return c == '@' || c == '\\'; }, appendTo(text)) && !isTooLong(text)) {
         if (m_ahead.view().front() == '\\') {
             takeEscapes(text);
         } else if (isAtKeyword()) {
@@ -198,7 +207,7 @@ bool TrResReader::takeText(std::string& text)
 void TrResReader::takeEscapes(std::string& text)
 {
     m_ahead.skip(1);
-    if (m_ahead.passTo([](char c) { return c != '\\'; }, appendTo(text))) {
+    if (m_ahead.passTo([](char c) { return c != '\\'; }, appendTo(text)) && !isTooLong(text)) {
         text += unescaped(m_ahead.view().front());
         m_ahead.skip(1);
     }

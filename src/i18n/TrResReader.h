@@ -101,7 +101,8 @@ private:
 /// The fields of an entry stand in any order, each once. A faulty entry costs only itself: reading goes on at
 /// the next "@begin". A keyword is known by its own letters, whatever follows, so that a text with such a
 /// word has to write "\@". In source and translation \n, \r and \t stand for line feed, carriage return and
-/// tab, and quotes keep white space at the ends; a context is taken as it stands.
+/// tab, and quotes keep white space at the ends; a context is taken as it stands. An entry with one of more
+/// than 64 KiB is a faulty one.
 class TrResReader
 {
 public:

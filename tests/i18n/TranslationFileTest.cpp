@@ -72,6 +72,20 @@ TEST_F(TranslationFile, ReadsIncludesOnceAndOnlyAheadOfTheEntries)
         EXPECT_EQ(tests::inBrackets(itemsOf(row[0])), row[2]) << row[1];
 }
 
+TEST_F(TranslationFile, LeavesOutIncludesThatAreTooDeepOrTooMany)
+{
+    std::string many;
+    for (int i = 0; i < 1200; ++i) {
+        const std::string name = std::to_string(i);
+        const std::string next = i < 40 ? "@include \"" + std::to_string(i + 1) + "\" " : "";
+        m_folder.write(name, next + "@begin @context c @src s @tr t @end");
+        many += "@include \"" + name + "\" ";
+    }
+    m_folder.write("many", many);
+    EXPECT_EQ(itemsOf("0").size(), 33U);
+    EXPECT_EQ(itemsOf("many").size(), 999U);
+}
+
 TEST_F(TranslationFile, MayBeAPropertiesFileOrNoneAtAll)
 {
     m_folder.write("p", "# x\nOpen file = \u00D6ffnen\\n\nb: c\n");

@@ -21,6 +21,8 @@ ENTRY_OR_NONE = re.compile(ENTRY + r"|^#.*\n|^\n", re.MULTILINE)
 # What the program would take for something else: an escape of another meaning, a keyword.
 MISREAD = re.compile(r"\\(?![nrt@])|(?<!\\)@(?:include|begin|end|context|src|tr)")
 
+MOST_BYTES = 65536
+
 PLACEHOLDER = re.compile(r"%(?:L?\d{1,2}|n)")
 MNEMONIC = re.compile(r"&([^&])|&&")
 ENDING = re.compile(r"\s$|\.\.\.$|[.:]$|$")
@@ -108,6 +110,7 @@ class Language:
     def __init__(self, path, project):
         self.name = path.name
         self.faults = []
+        self.lines = {}  # where a source stood last
         self.entries = {}  # pairs of source and translation
         self.read(path.read_bytes().decode("utf-8", "backslashreplace"))  # what is no UTF-8 becomes a bad escape
         self.check_coverage(project.texts)
@@ -117,17 +120,23 @@ class Language:
             self.check_group(name, texts)
 
     def fault(self, source, sentence):
-        self.faults.append(f'{self.name}: "{source}" {sentence}')
+        where = f"{self.name}:{self.lines[source]}" if source in self.lines else self.name
+        self.faults.append(f'{where}: "{source}" {sentence}')
 
     def read(self, text):
-        for context, *written in re.findall(ENTRY, text, re.MULTILINE):
+        for entry in re.finditer(ENTRY, text, re.MULTILINE):
+            context, *written = entry.groups()
             source, translation = map(decoded, written)
+            self.lines[source] = text.count("\n", 0, entry.start()) + 1
+            if max(len(field.encode()) for field in entry.groups()) > MOST_BYTES:
+                self.fault(source, "or its translation or context is too long for the program")
             if any(map(MISREAD.search, written)):
                 self.fault(source, "or its translation has a bad escape or a keyword")
             if (context.lower(), source.lower()) in self.entries:
                 self.fault(source, "is translated twice")
             self.entries[context.lower(), source.lower()] = source, translation
         if rest := ENTRY_OR_NONE.sub("", text):
+            self.lines[rest] = text.count("\n", 0, text.find(rest.split("\n")[0])) + 1
             self.fault(rest, "is no entry of five lines, nor a comment between two")
 
     # The keys of its entries, of which the first that there is counts.
