@@ -1,6 +1,10 @@
 #pragma once
 
+#include <pthread.h>
+
+#include <cerrno>
 #include <mutex>
+#include <system_error>
 
 namespace quillon::sync {
 
@@ -17,7 +21,8 @@ public:
     /// Releases one level of holding.
     virtual void unlock() = 0;
 
-    /// Takes the lock and returns true, or returns false at once where another thread holds it.
+    /// Takes the lock and returns true, or returns false at once where another thread holds it. Throws
+    /// std::system_error where the system's lock fails otherwise.
     virtual bool tryLock() = 0;
 };
 
@@ -31,7 +36,14 @@ public:
 
     void lock() override { m_mutex.lock(); }
     void unlock() override { m_mutex.unlock(); }
-    bool tryLock() override { return m_mutex.try_lock(); }
+    bool tryLock() override
+    {
+        // The standard mutex would take every failure for a holder.
+        const int status = pthread_mutex_trylock(m_mutex.native_handle());
+        if (status != 0 && status != EBUSY)
+            throw std::system_error(status, std::generic_category());
+        return status == 0;
+    }
 
 private:
     std::recursive_mutex m_mutex;

@@ -51,9 +51,7 @@ protected:
     {
         std::vector<char> key;
         const HashResult derived = keyFromPassword(password, hashAlgorithmId, getKeySize(), key);
-        const HashResult result = succeeded(derived) ? run(key) : derived;
-        wipe(key);
-        return result;
+        return succeeded(derived) ? run(key) : derived;
     }
 
     Engine m_engine;

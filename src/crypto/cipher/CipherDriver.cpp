@@ -74,8 +74,8 @@ private:
     RunState& m_state;
     const CipherJob& m_job;
     const std::int32_t m_chunkBytes;
-    SecretBuffer m_input;
-    SecretBuffer m_output;
+    HeapBuffer m_input;
+    HeapBuffer m_output;
     std::int64_t m_inputBytes = 0; ///< the size of the input, taken once
     std::int64_t m_inputLeft = 0;
     std::int64_t m_outputLeft = std::numeric_limits<std::int64_t>::max();

@@ -65,7 +65,6 @@ HashResult keyFromPassword(const char* password, std::uint32_t algorithmId, std:
         return {hashed.primary, err::programError(err::kKeyDerivationFailed)};
     const auto used = std::min<std::ptrdiff_t>(keyBytes, std::ssize(digest));
     key.assign(digest.begin(), digest.begin() + used);
-    wipe(digest);
     return {};
 }
 

@@ -11,26 +11,13 @@
 
 namespace quillon::crypto::internal {
 
-/// Overwrites `bytes` with zero in a way that no compiler leaves out.
-inline void wipe(std::span<char> bytes) noexcept
-{
-    for (volatile char& byte : bytes)
-        byte = 0;
-}
-
-/// One block of the heap that is wiped before it is given back.
-class SecretBuffer
+/// A block of the heap. That memory runs out is an answer here, not an exception.
+class HeapBuffer
 {
 public:
-    SecretBuffer() = default;
-    SecretBuffer(const SecretBuffer&) = delete;
-    SecretBuffer& operator=(const SecretBuffer&) = delete;
-    ~SecretBuffer() { free(); }
-
     /// Takes `size` uninitialised bytes; false where memory runs out.
     [[nodiscard]] bool allocate(std::size_t size) noexcept
     {
-        free();
         m_data.reset(new (std::nothrow) char[size]);
         m_size = m_data != nullptr ? size : 0;
         return m_data != nullptr;
@@ -38,7 +25,6 @@ public:
 
     void free() noexcept
     {
-        wipe(bytes());
         m_data.reset();
         m_size = 0;
     }
