@@ -25,6 +25,9 @@ err::ResultCode loadRuntimeLibrary(const std::string& path, RuntimeLibrary& libr
 /// The same for who needs no reason; empty where there is none.
 [[nodiscard]] RuntimeLibrary loadRuntimeLibrary(const std::string& path);
 
+/// Whether a load failed with `reason` because there is no such library, rather than a broken one.
+[[nodiscard]] bool isLibraryMissing(const err::ResultCode& reason);
+
 /// Stores the address of an exported name, valid while the library is loaded. Where there is none `address`
 /// becomes null, and the answer is {1, number of the system}.
 err::ResultCode findLibrarySymbol(const RuntimeLibrary& library, const char* name, void*& address);

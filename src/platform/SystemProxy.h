@@ -25,9 +25,12 @@ struct SystemProxyAnswer
 err::ResultCode askMachineProxy(const std::string& url, SystemProxyAnswer& answer);
 err::ResultCode askUserProxy(const std::string& url, SystemProxyAnswer& answer);
 
-/// Opens the page of the system's own settings on which its proxy is set, in a program of its own, and does
-/// not wait for it. False where there is no such page, or no process for it. Meant for the user
-/// interface thread.
+/// Whether there is a page of the system's own settings on which its proxy is set, as desktops on Unix need
+/// not have one.
+bool hasSystemProxySettings();
+
+/// Opens that page in a program of its own, and does not wait for it. False where there is none, or no
+/// process for it. Meant for the user interface thread.
 bool showSystemProxySettings();
 
 } // namespace quillon::platform

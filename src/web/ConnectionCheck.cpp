@@ -38,21 +38,25 @@ ConnectionCheck::ConnectionCheck(std::vector<std::string> libraryPaths, std::str
 
 err::ResultCode ConnectionCheck::bindLibrary()
 {
-    err::ResultCode first;
+    if (m_libraryPaths.empty())
+        return err::programError(err::kLibraryNotLoaded);
+    err::ResultCode told;
+    std::string toldPath;
     for (const std::string& path : m_libraryPaths) {
         const err::ResultCode loaded = m_library.load(path.c_str());
         if (m_library.isLoaded())
             return {};
-        if (err::succeeded(first))
-            first = loaded;
+        // That one is broken says more than that another is missing.
+        if (toldPath.empty() || (platform::isLibraryMissing(told) && !platform::isLibraryMissing(loaded))) {
+            told = loaded;
+            toldPath = path;
+        }
     }
-    if (m_libraryPaths.empty())
-        return err::programError(err::kLibraryNotLoaded);
     logger::log(logger::ELogLevel::Error, kLogCategory, [&](auto& record) {
-        record << "Failed to load cURL library. Error: " << err::errorCodesText(first) << ". Path: '"
-               << m_libraryPaths.front() << "'.";
+        record << "Failed to load cURL library. Error: " << err::errorCodesText(told) << ". Path: '"
+               << toldPath << "'.";
     });
-    return first;
+    return told;
 }
 
 err::ResultCodes ConnectionCheck::check(const NetProxy<char>& proxy)

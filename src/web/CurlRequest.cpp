@@ -5,6 +5,7 @@
 #include "sync/ScopeExit.h"
 #include "vars/Product.h"
 
+#include <algorithm>
 #include <memory>
 #include <mutex>
 #include <utility>
@@ -16,6 +17,9 @@ constexpr const char* kUserAgent =
     "Mozilla/5.0 (Windows NT 10.0; WOW64) AppleWebKit/537.36 (KHTML, like Gecko) "
     "Chrome/49.0.2623.112 Safari/537.36";
 constexpr long kConnectLimitSeconds = 30;
+
+// Nobody reads more of an answer, and a server may send without end.
+constexpr std::size_t kMostKeptBytes = std::size_t{64} * 1024;
 
 using CurlHandle = std::unique_ptr<curl::Handle, curl::EasyCleanup*>;
 
@@ -87,6 +91,9 @@ err::ResultCodes CurlRequest::transfer(CurlLibrary& library, const NetProxy<char
     const err::ResultCode proxySet = setCurlProxy(&library, handle.get(), proxy);
     setSinkOptions(curl, handle.get());
     setEndOptions(curl, handle.get());
+    // Without a word libcurl would take a proxy from the environment.
+    if (!proxy.isProxy())
+        curl.easySetOption(handle.get(), curl::kProxy, "");
     if (const curl::Code code = curl.easyPerform(handle.get()); code != curl::kOk)
         return {curlError(code), {}, {}};
     long status = 0;
@@ -164,7 +171,8 @@ try {
     if (data == nullptr || bytes == 0)
         return bytes;
     const std::lock_guard guard(sink);
-    sink.value.insert(sink.value.end(), data, data + bytes);
+    const std::size_t kept = std::min(bytes, kMostKeptBytes - std::min(kMostKeptBytes, sink.value.size()));
+    sink.value.insert(sink.value.end(), data, data + kept);
     return bytes;
 } catch (...) {
     return 0; // no memory for an answer of this size

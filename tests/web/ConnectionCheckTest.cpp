@@ -64,16 +64,19 @@ TEST_F(FakeLibrary, GetsTheOptionsAndItsAnswersAreToldAndLogged)
     }
 }
 
-TEST_F(FakeLibrary, IsLookedForInEveryPlaceAndTheFirstFailureIsTold)
+TEST_F(FakeLibrary, IsLookedForInEveryPlaceAndTheMostTellingFailureIsTold)
 {
     const std::string incomplete = besideProgram(KESTRUM_INCOMPLETE_CURL);
     EXPECT_EQ(outcomeOf({"/no/such", incomplete, m_path}), "0/0");
-    for (const std::string& first : {incomplete, std::string("/no/such")}) {
-        const ResultCode failure = CurlLibrary().load(first.c_str());
-        EXPECT_NE(failure.code, 0U) << first;
+    using Paths = std::vector<std::string>;
+    for (const auto& [paths, told] : {std::pair{Paths{"/no/such", "/no/other"}, Paths{"/no/such"}},
+                                      {Paths{"/no/such", incomplete}, Paths{incomplete}},
+                                      {Paths{incomplete, "/no/other"}, Paths{incomplete}}}) {
+        const ResultCode failure = CurlLibrary().load(told[0].c_str());
+        EXPECT_NE(failure.code, 0U) << told[0];
         const std::string code = "1/" + std::to_string(failure.code);
-        EXPECT_EQ(outcomeOf({first, "/no/other"}), code + " options: Failed to load cURL library. Error: " +
-                                                       code + ". Path: '" + first + "'.");
+        EXPECT_EQ(outcomeOf(paths, {}), code + " options: Failed to load cURL library. Error: " + code +
+                                            ". Path: '" + told[0] + "'.");
     }
 }
 

@@ -4,8 +4,8 @@
 #include <link.h>
 
 #include <cerrno>
-#include <filesystem>
-#include <system_error>
+#include <cstring>
+#include <string_view>
 #include <utility>
 
 namespace quillon::platform {
@@ -13,12 +13,15 @@ namespace {
 
 // dlopen and dlsym have sentences only, so the numbers are chosen for what their texts say.
 
-/// A library that is there and cannot be loaded is damaged, or lacks another one.
+/// A library that is there and cannot be loaded is damaged, or lacks another one, which then begins the
+/// sentence.
 err::ResultCode whyNotLoaded(const std::string& path)
 {
-    std::error_code ignored;
-    const bool isThere = path.find('/') != std::string::npos && std::filesystem::exists(path, ignored);
-    return err::systemError(isThere ? ELIBACC : ENOENT);
+    const char* const sentence = dlerror();
+    const std::string_view reason = sentence == nullptr ? "" : sentence;
+    const bool isMissing =
+        reason.starts_with(path + ':') && reason.find(std::strerror(ENOENT)) != std::string_view::npos;
+    return err::systemError(isMissing ? ENOENT : ELIBACC);
 }
 
 } // namespace
@@ -45,6 +48,11 @@ err::ResultCode loadRuntimeLibrary(const std::string& path, RuntimeLibrary& libr
 RuntimeLibrary loadRuntimeLibrary(const std::string& path)
 {
     return RuntimeLibrary(dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL));
+}
+
+bool isLibraryMissing(const err::ResultCode& reason)
+{
+    return reason == err::systemError(ENOENT);
 }
 
 err::ResultCode findLibrarySymbol(const RuntimeLibrary& library, const char* name, void*& address)

@@ -5,6 +5,7 @@
 #include "text/Unicode.h"
 
 #include <array>
+#include <optional>
 #include <sstream>
 #include <string>
 
@@ -37,6 +38,23 @@ bool isCurrentDesktop(const std::string& name)
     return false;
 }
 
+struct FoundPage
+{
+    std::string program; ///< with its path
+    std::string page;
+};
+
+std::optional<FoundPage> findPage()
+{
+    for (const SettingsPage& page : kPages) {
+        if (!isCurrentDesktop(page.desktop))
+            continue;
+        if (const std::string program = findProgram(page.program); !program.empty())
+            return FoundPage{program, page.page};
+    }
+    return std::nullopt;
+}
+
 } // namespace
 
 // The library asks the desktop's settings, which are the user's, and the environment all in one, so that it
@@ -54,15 +72,15 @@ err::ResultCode askUserProxy(const std::string& /*url*/, SystemProxyAnswer& answ
     return {};
 }
 
+bool hasSystemProxySettings()
+{
+    return findPage().has_value();
+}
+
 bool showSystemProxySettings()
 {
-    for (const SettingsPage& page : kPages) {
-        if (!isCurrentDesktop(page.desktop))
-            continue;
-        if (const std::string program = findProgram(page.program); !program.empty())
-            return startDetached(program, page.page);
-    }
-    return false;
+    const auto found = findPage();
+    return found && startDetached(found->program, found->page);
 }
 
 } // namespace quillon::platform

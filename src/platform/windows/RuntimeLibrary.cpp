@@ -44,6 +44,11 @@ RuntimeLibrary loadRuntimeLibrary(const std::string& path)
     return library;
 }
 
+bool isLibraryMissing(const err::ResultCode& reason)
+{
+    return reason == err::systemError(ERROR_MOD_NOT_FOUND);
+}
+
 err::ResultCode findLibrarySymbol(const RuntimeLibrary& library, const char* name, void*& address)
 {
     address = nullptr;

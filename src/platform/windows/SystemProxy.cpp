@@ -85,6 +85,11 @@ err::ResultCode askUserProxy(const std::string& url, SystemProxyAnswer& answer)
     return {};
 }
 
+bool hasSystemProxySettings()
+{
+    return true;
+}
+
 bool showSystemProxySettings()
 {
     wchar_t folder[MAX_PATH] = {};
