@@ -8,6 +8,7 @@
 #include "logger/Log.h"
 #include "platform/qt/TaskbarProgress.h"
 #include "settings/SettingsKeys.h"
+#include "ui/AccessibleNames.h"
 #include "ui/Appearance.h"
 #include "ui/CProgressBarFrame.h"
 #include "ui/CSelectAlgFrame.h"
@@ -44,6 +45,7 @@ CMainWindow::CMainWindow(QWidget* parent)
     , m_ui(std::make_unique<Ui_CMainWindow>())
 {
     initialiseResources();
+    nameComboBoxesByTheirLabels();
     QApplication::setFont(QApplication::font());
     applyCoreAppIdentity();
     startLogging();
@@ -57,6 +59,7 @@ CMainWindow::CMainWindow(QWidget* parent)
     m_ui->toolBar->insertWidget(m_ui->actionHash_Stop, m_hashAlgFrame);
     m_shellIntegration.init();
     setFonts();
+    alignTexts();
     connectActions();
     connectInputs();
     connectWorker();
@@ -114,6 +117,26 @@ void CMainWindow::setFonts()
                                          m_ui->plainTextEditHashHex, m_ui->plainTextEditHashBase64})
         widget->setFont(caption);
     m_ui->textEditInputFileDetails->setFont(adjustFontItalic(font, 0, true));
+}
+
+/// Gives captions, labels and the texts of all fields one left edge: that of the status line, which nobody
+/// can move.
+void CMainWindow::alignTexts()
+{
+    constexpr int kEdge = 10;
+    constexpr int kCaptionMargin = 9;  // of the layout around each caption
+    constexpr int kLineEditMargin = 2; // which the toolkit adds
+    constexpr int kDetailLines = 6;
+    for (QLabel* label : {m_ui->labelInputFileCaption, m_ui->labelResultCaption})
+        label->setIndent(kEdge - kCaptionMargin);
+    for (QLabel* label : {m_ui->labelResultHexCaption, m_ui->labelResultBase64Caption})
+        label->setIndent(kEdge);
+    m_ui->lineEditInput->setTextMargins(kEdge - kLineEditMargin, 0, 0, 0);
+    for (QPlainTextEdit* digest : {m_ui->plainTextEditHashHex, m_ui->plainTextEditHashBase64})
+        digest->document()->setDocumentMargin(kEdge);
+    QTextEdit& details = *m_ui->textEditInputFileDetails;
+    details.document()->setDocumentMargin(kEdge);
+    details.setMinimumHeight(kDetailLines * details.fontMetrics().lineSpacing() + 2 * kEdge);
 }
 
 void CMainWindow::connectActions()

@@ -11,6 +11,7 @@
 #include "thread/Thread.h"
 #include "ui/AlgorithmList.h"
 #include "ui/FilesDropTarget.h"
+#include "ui/FocusReturn.h"
 #include "ui/SAppOptions.h"
 #include "ui/SRemainingTimeEstimator.h"
 
@@ -75,6 +76,8 @@ public:
     void onHashStarted(void* userData) override;
     void onHashProgress(std::int64_t processedBytes, float percent, void* userData) override;
     void onHashFinished(bool stopped, const quillon::crypto::HashResult& result, void* userData) override;
+    [[nodiscard]] bool isHashStopRequested() const override { return m_stopRequested.get(); }
+    void onHashFileChanged() override;
 
     // IHashAlgProvider
     [[nodiscard]] std::int32_t getAlgorithmCount() const override;
@@ -122,6 +125,7 @@ private:
     void buildForm();
     void setDropTargets();
     void setFonts();
+    void alignTexts();
     void connectActions();
     void connectInputs();
     void connectWorker();
@@ -159,12 +163,13 @@ private:
     void showFailure(const char* reason, const quillon::crypto::HashResult& result);
     void showDigest();
     void showDigestTexts(const std::vector<char>& digest);
+    void showSuccess();
+    void nameDigestFile(const QString& path);
     void copyDigestAsConfigured();
     void clearHashResults();
     void resetStatus(bool force);
     void setInputControlsEnabled(bool enabled);
     void showErrorMessage(const QString& text);
-    void showSuccessMessage(const QString& text);
     void updateResultCaption();
     [[nodiscard]] bool isResultOf(const thisapp::SHashData& session) const;
     [[nodiscard]] QString algorithmText(const thisapp::SHashAlgId& id) const;
@@ -179,6 +184,7 @@ private:
     mutable quillon::sync::SafeData<quillon::sync::Locker, std::vector<thisapp::SHashAlgInfo>> m_hashAlgs;
     quillon::sync::SafeData<quillon::sync::Locker, thisapp::SHashData> m_hashData;
     quillon::thread::Thread m_thread;
+    FocusReturn m_focusReturn;
     SRemainingTimeEstimator m_remainingTime;
     QStringList m_commandLine;
     std::unique_ptr<quillon::platform::TaskbarProgress> m_taskbarProgress;

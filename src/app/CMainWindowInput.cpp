@@ -1,6 +1,7 @@
 #include "ui_CMainWindow.h"
 
 #include "app/CMainWindow.h"
+#include "app/CommandLine.h"
 #include "platform/qt/UserPlaces.h"
 #include "ui/CProgressBarFrame.h"
 #include "ui/FileDetails.h"
@@ -21,6 +22,7 @@ void CMainWindow::onFilesDropped(std::int32_t id, const QList<QUrl>& urls)
 
 void CMainWindow::onUiInputFileNameChanged()
 {
+    nameDigestFile({});
     updateInputFileDetails();
     if (isInputFileChanged())
         dropFormerResult();
@@ -38,17 +40,17 @@ void CMainWindow::onUiSetInputFile()
 
 void CMainWindow::onUiOpenInputDir()
 {
-    const QString text = m_ui->lineEditInput->text();
-    if (text.isEmpty())
+    const QString name = inputFileName();
+    if (name.isEmpty())
         return;
-    const QString folder = QFileInfo(text).absolutePath();
+    const QString folder = QFileInfo(name).absolutePath();
     if (QDir(folder).exists())
         QDesktopServices::openUrl(QUrl::fromLocalFile(folder));
 }
 
 QString CMainWindow::inputFileName() const
 {
-    return m_ui->lineEditInput->text().trimmed();
+    return thisapp::fileNameFrom(m_ui->lineEditInput->text());
 }
 
 bool CMainWindow::isInputFileChanged() const

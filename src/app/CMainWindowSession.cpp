@@ -68,7 +68,7 @@ void CMainWindow::onUiStartHashCalculation()
     const QString fileName = requestInputFile();
     if (fileName.isEmpty() || !prepareCalculator(algorithm))
         return;
-    m_hashData.set(SHashData{algorithm, fileName.toStdString(), kInputKindFile, 0.0F, 0, false, {}});
+    m_hashData.set(SHashData{algorithm, fileName.toStdString(), kInputKindFile, 0.0F, 0, false, {}, false});
     m_stopRequested.set(false);
     startWorker(fileName);
 }
@@ -149,6 +149,8 @@ err::ResultCode CMainWindow::run(std::uint32_t id, std::int64_t /*param*/)
     if (!crypto::succeeded(result)) {
         const std::lock_guard guard(m_hashData);
         m_hashData.value.result = result;
+        // A stop that ended the wait for a file came before any report of the run.
+        m_hashData.value.stopped |= result == crypto::hashError(err::kHashStopped);
     }
     m_msgDispatcher->hashCalculationFinished();
     return {};
@@ -171,6 +173,12 @@ void CMainWindow::onHashFinished(bool stopped, const crypto::HashResult& result,
     const std::lock_guard guard(m_hashData);
     m_hashData.value.stopped = stopped;
     m_hashData.value.result = result;
+}
+
+void CMainWindow::onHashFileChanged()
+{
+    const std::lock_guard guard(m_hashData);
+    m_hashData.value.fileChanged = true;
 }
 
 // ---- What the worker reported, back on the user interface thread
@@ -227,6 +235,7 @@ void CMainWindow::onUiHashCalculationFinished()
         showFailure("Failed to calculate hash.", session.result);
     else
         showDigest();
+    m_progressFrame->announce();
     updateResultCaption();
 }
 
@@ -262,8 +271,40 @@ void CMainWindow::showDigest()
         return;
     }
     showDigestTexts(digest);
-    showSuccessMessage(tr("Hash was calculated successfully"));
+    showSuccess();
     copyDigestAsConfigured();
+}
+
+/// Says whose digest it is where the edit field names another file by now.
+void CMainWindow::showSuccess()
+{
+    const SHashData session = m_hashData.get();
+    QString text = tr("Hash was calculated successfully");
+    if (isInputFileChanged()) {
+        const QString path = QString::fromStdString(session.fileName);
+        const QString name = QFileInfo(path).fileName();
+        const QString& shown = name == QFileInfo(inputFileName()).fileName() ? path : name;
+        text += QStringLiteral(": ") + fontMetrics().elidedText(shown, Qt::ElideMiddle, width() / 2);
+        nameDigestFile(path);
+    }
+    if (session.fileChanged)
+        text += QStringLiteral(". ") + tr("The file was changed during the calculation.");
+    m_progressFrame->setProgressBarVisible(false);
+    if (session.fileChanged)
+        m_progressFrame->showWarningText(text);
+    else
+        m_progressFrame->showSuccessText(text);
+    m_progressFrame->show();
+}
+
+/// Lets caption and digest say of which file they are; an empty `path` takes it back.
+void CMainWindow::nameDigestFile(const QString& path)
+{
+    for (QWidget* widget : std::initializer_list<QWidget*>{
+             m_ui->labelResultCaption, m_ui->plainTextEditHashHex, m_ui->plainTextEditHashBase64}) {
+        widget->setToolTip(path.toHtmlEscaped());
+        widget->setAccessibleDescription(path);
+    }
 }
 
 void CMainWindow::showDigestTexts(const std::vector<char>& digest)
@@ -298,6 +339,7 @@ void CMainWindow::clearHashResults()
 {
     m_ui->plainTextEditHashHex->setPlainText(QString());
     m_ui->plainTextEditHashBase64->setPlainText(QString());
+    nameDigestFile({});
 }
 
 void CMainWindow::resetStatus(bool force)
@@ -314,22 +356,16 @@ void CMainWindow::setInputControlsEnabled(bool enabled)
     m_ui->actionFile_AddFile->setEnabled(enabled);
     m_ui->actionHash_Calculate->setEnabled(enabled);
     m_ui->actionHash_selectAlgorithm->setEnabled(enabled);
-    m_ui->lineEditInput->setEnabled(enabled);
-    m_ui->buttonDefineInputFile->setEnabled(enabled);
+    if (enabled)
+        m_focusReturn.enable({m_ui->lineEditInput, m_ui->buttonDefineInputFile});
+    else
+        m_focusReturn.disable({m_ui->lineEditInput, m_ui->buttonDefineInputFile});
 }
 
 void CMainWindow::showErrorMessage(const QString& text)
 {
     m_progressFrame->setProgressBarVisible(false);
     m_progressFrame->showErrorText(text);
-    if (m_progressFrame->isHidden())
-        m_progressFrame->show();
-}
-
-void CMainWindow::showSuccessMessage(const QString& text)
-{
-    m_progressFrame->setProgressBarVisible(false);
-    m_progressFrame->showSuccessText(text);
     if (m_progressFrame->isHidden())
         m_progressFrame->show();
 }

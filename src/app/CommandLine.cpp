@@ -57,7 +57,7 @@ private:
     void readFile()
     {
         if (const auto value = takeValue())
-            m_result.file = QString::fromStdString(*value).trimmed();
+            m_result.file = fileNameFrom(QString::fromStdString(*value));
     }
 
     void readAlgorithm()
@@ -81,11 +81,17 @@ private:
 
 } // namespace
 
+QString fileNameFrom(const QString& text)
+{
+    QString trimmed = text.trimmed();
+    return trimmed.size() != text.size() && QFileInfo::exists(text) ? text : trimmed;
+}
+
 CommandLine parseCommandLine(const QStringList& arguments)
 {
     if (arguments.size() != 1)
         return Walk(arguments).read();
-    const QString file = arguments.front().trimmed();
+    QString file = fileNameFrom(arguments.front());
     return !file.isEmpty() && QFileInfo::exists(file) ? CommandLine{file, 0, false} : CommandLine{};
 }
 

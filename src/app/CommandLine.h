@@ -8,10 +8,14 @@
 
 namespace thisapp {
 
+/// The file that a user's text names: the text as it stands where there is such a file, as names may begin
+/// and end with blanks; else without them.
+[[nodiscard]] QString fileNameFrom(const QString& text);
+
 /// What the arguments of a start ask for.
 struct CommandLine
 {
-    QString file;                  ///< trimmed; empty where none was given
+    QString file;                  ///< as fileNameFrom makes it; empty where none was given
     std::uint32_t algorithmId = 0; ///< an id of the algorithm catalogue; 0 where none was named
     bool start = false;            ///< the run starts at once
 };

@@ -34,6 +34,8 @@ void prepareToolkit()
 {
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    // A desktop at 125 or 150 % would get 100 or 200 % otherwise.
+    QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
     // File names are UTF-8 on the road to the system, also where the locale names no such encoding.
     QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
 }

@@ -2,6 +2,7 @@
 
 #include "ui_CProgressBarFrame.h"
 
+#include <QAccessible>
 #include <QBrush>
 #include <QColor>
 
@@ -37,6 +38,11 @@ void CProgressBarFrame::showSuccessText(const QString& text)
     showText(text, QColor(0, 95, 0));
 }
 
+void CProgressBarFrame::showWarningText(const QString& text)
+{
+    showText(text, QColor(154, 74, 0));
+}
+
 void CProgressBarFrame::setProgress(const QString& text, float percent)
 {
     if (m_ui->progressBar->isHidden())
@@ -48,6 +54,12 @@ void CProgressBarFrame::setProgress(const QString& text, float percent)
         const float share = static_cast<float>(maximum - minimum) * percent / 100.0F;
         m_ui->progressBar->setValue(static_cast<int>(share + static_cast<float>(minimum)));
     }
+}
+
+void CProgressBarFrame::announce()
+{
+    QAccessibleEvent event(m_ui->lineEditProgressBar, QAccessible::Alert);
+    QAccessible::updateAccessibility(&event);
 }
 
 void CProgressBarFrame::setProgressBarVisible(bool visible)

@@ -9,7 +9,7 @@
 class QColor;
 class Ui_CProgressBarFrame;
 
-/// The status line of the main window: one text in one of three colours over a thin bar with a resolution of
+/// The status line of the main window: one text in one of four colours over a thin bar with a resolution of
 /// one per mille. The bar is hidden at first.
 class CProgressBarFrame final : public QFrame
 {
@@ -28,9 +28,15 @@ public:
     /// Shows `text` in green.
     void showSuccessText(const QString& text);
 
+    /// Shows `text` in a dark orange, which can be read on a light ground.
+    void showWarningText(const QString& text);
+
     /// Shows `text` in black and the bar at `percent`, truncated to the per mille. A percent outside 0 to 100
     /// leaves the bar's value as it is.
     void setProgress(const QString& text, float percent);
+
+    /// Lets a screen reader say the text at once.
+    void announce();
 
     /// Shows or hides the bar, not the text.
     void setProgressBarVisible(bool visible);

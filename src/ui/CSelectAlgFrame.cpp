@@ -4,6 +4,7 @@
 
 #include "ui/AlgorithmList.h"
 
+#include <QKeyEvent>
 #include <QListWidget>
 
 CSelectAlgFrame::CSelectAlgFrame(QWidget* parent)
@@ -17,9 +18,23 @@ CSelectAlgFrame::CSelectAlgFrame(QWidget* parent)
     m_ui->comboBoxSelectAlg->setView(m_listView);
     // Styles whose combo boxes open like a menu switch this off, but a list of limited height needs it.
     m_listView->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    m_ui->comboBoxSelectAlg->installEventFilter(this);
 }
 
 CSelectAlgFrame::~CSelectAlgFrame() = default;
+
+/// The box takes every key with a text for the beginning of a row's name, so also the window's shortcuts.
+bool CSelectAlgFrame::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() != QEvent::KeyPress)
+        return QFrame::eventFilter(watched, event);
+    const auto& press = static_cast<const QKeyEvent&>(*event);
+    const bool isShortcut = press.modifiers().testFlag(Qt::ControlModifier) && press.key() >= Qt::Key_A &&
+                            press.key() <= Qt::Key_Z;
+    if (isShortcut)
+        event->ignore();
+    return isShortcut;
+}
 
 void CSelectAlgFrame::reloadAlgorithms()
 {

@@ -35,6 +35,9 @@ public:
     /// Makes the first row with this id the current one. An id that no row has changes nothing.
     void setCurrentAlgorithm(const thisapp::SHashAlgId& id);
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     std::unique_ptr<Ui_CSelectAlgFrame> m_ui;
     const thisapp::IHashAlgProvider* m_provider = nullptr;

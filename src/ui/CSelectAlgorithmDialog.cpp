@@ -11,6 +11,8 @@ CSelectAlgorithmDialog::CSelectAlgorithmDialog(QWidget* parent)
     m_ui->setupUi(this);
     setWindowFlags(windowFlags() & ~Qt::WindowContextHelpButtonHint);
     connect(m_ui->buttonOk, &QPushButton::clicked, this, &CSelectAlgorithmDialog::onUiOk);
+    connect(m_ui->listWidgetSelectAlg, &QListWidget::itemDoubleClicked, this,
+            &CSelectAlgorithmDialog::onUiOk);
     connect(m_ui->buttonCancel, &QPushButton::clicked, this, &CSelectAlgorithmDialog::onUiCancel);
     connect(m_ui->listWidgetSelectAlg, &QListWidget::currentItemChanged, this,
             &CSelectAlgorithmDialog::onUiCurrentAlgChanged);

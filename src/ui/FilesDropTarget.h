@@ -41,25 +41,27 @@ public:
     void setDropHandler(IFilesDragDropEvent* handler) { m_dropHandler = handler; }
 
 protected:
-    void dragEnterEvent(QDragEnterEvent* event) override
-    {
-        if (event->mimeData()->hasUrls() && !event->mimeData()->urls().isEmpty())
-            event->acceptProposedAction();
-        else
-            event->ignore();
-    }
+    void dragEnterEvent(QDragEnterEvent* event) override { answer(*event); }
+    void dragMoveEvent(QDragMoveEvent* event) override { answer(*event); }
 
     void dropEvent(QDropEvent* event) override
     {
         if (!event->mimeData()->hasUrls() || m_dropHandler == nullptr)
             return;
-        // The files are only read. Were a proposed move confirmed, the source might delete them.
-        event->setDropAction(Qt::CopyAction);
-        event->accept();
+        answer(*event);
         m_dropHandler->onFilesDropped(m_dropId, event->mimeData()->urls());
     }
 
 private:
+    /// The files are only read. Were a proposed move confirmed, the source might delete them.
+    static void answer(QDropEvent& event)
+    {
+        const bool isWanted = event.possibleActions().testFlag(Qt::CopyAction) &&
+                              event.mimeData()->hasUrls() && !event.mimeData()->urls().isEmpty();
+        event.setDropAction(isWanted ? Qt::CopyAction : Qt::IgnoreAction);
+        event.setAccepted(isWanted);
+    }
+
     std::int32_t m_dropId = 0;
     IFilesDragDropEvent* m_dropHandler = nullptr;
 };

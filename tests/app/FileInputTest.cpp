@@ -4,6 +4,7 @@
 #include "support/CaseTable.h"
 #include "support/UrlDesktop.h"
 
+#include <QComboBox>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QTextCursor>
@@ -49,6 +50,10 @@ TEST_F(FileInput, ByTypingTakesEveryNameAndLosesTheDigestOfAnother)
     EXPECT_EQ(driver.caption(), plainCaption + " (SHA-256)") << "of a name in other case";
     driver.type(second);
     EXPECT_EQ(driver.caption(), plainCaption);
+    write("report", "without a blank");
+    driver.type(write("report ", "with one"));
+    EXPECT_TRUE(driver.details().startsWith("File size: 8B\n"));
+    EXPECT_EQ(driver.resultOfRun(), sha256Result("with one"));
 }
 
 TEST_F(FileInput, IsAskedForInEveryWayAndByAStartThatHasNone)
@@ -67,6 +72,7 @@ TEST_F(FileInput, IsAskedForInEveryWayAndByAStartThatHasNone)
         [this] { driver.chooseFromMenu("actionFile_AddFile"); },
     };
     for (const auto& way : ways) {
+        driver.child<QComboBox>("comboBoxSelectAlg").setFocus(); // which takes letters for itself
         answer("", way);
         EXPECT_EQ(driver.result(), sha256Result("abc"));
         EXPECT_EQ(answer(second, way), "Add file to calculate hash");
@@ -82,6 +88,7 @@ TEST_F(FileInput, ByDropTakesTheFirstFileAsItIsAndOfAnUrlThatIsNoFileNothing)
     for (const char* target : {"frameInputFile", "lineEditInput"}) {
         driver.type(write("first.bin", "abc"));
         EXPECT_FALSE(driver.drop(target, {})) << "a text";
+        EXPECT_FALSE(driver.drop(target, {QUrl::fromLocalFile(second)}, Qt::MoveAction));
         ASSERT_TRUE(driver.run());
         write("first.bin", "changed");
         EXPECT_TRUE(driver.drop(target, {QUrl::fromLocalFile(file)}));
@@ -101,6 +108,7 @@ TEST_F(FileInput, ByCommandLineIsWhatTheTableSays)
     QDir::setCurrent(folderName());
     write("-a ü.bin", "a");
     write("b.bin", "b");
+    write(" c.bin", "c");
     for (const CaseRow& row : readCaseTable("app/command-lines.txt")) {
         SCOPED_TRACE(inBrackets(row));
         QStringList arguments;

@@ -154,15 +154,21 @@ TEST_F(HashSession, BeginsWithTheStoredDefaultAlgorithmWhereThatExists)
 
 TEST_F(HashSession, TakesTheAlgorithmDialogsChoiceAndKeepsItAsDefaultOnRequestOnly)
 {
-    for (const auto& [asDefault, button, selected, stored] : {std::tuple{true, "buttonCancel", "SHA-256", 11},
-                                                              {false, "buttonOk", "CRC32 (4-bite)", 11},
-                                                              {true, "buttonOk", "CRC32 (4-bite)", 401}}) {
+    for (const auto& [asDefault, button, selected, stored] :
+         {std::tuple{true, "buttonCancel", "SHA-256", 11},
+          {false, nullptr, "CRC32 (4-bite)", 11}, // a double click
+          {true, "buttonOk", "CRC32 (4-bite)", 401}}) {
         const DialogAnswer answer([box = asDefault, name = button](QDialog& dialog) {
             auto& list = *dialog.findChild<QListWidget*>("listWidgetSelectAlg");
             EXPECT_EQ(list.currentItem()->text(), "SHA-256 (32-byte)");
             list.setCurrentRow(list.count() - 1);
             dialog.findChild<QCheckBox*>("checkBoxAsDefault")->setChecked(box);
-            dialog.findChild<QPushButton*>(name)->click();
+            const QPoint row = list.visualItemRect(list.currentItem()).center();
+            QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, row);
+            if (name == nullptr)
+                QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, row);
+            else
+                dialog.findChild<QPushButton*>(name)->click();
         });
         driver.chooseFromMenu("actionHash_selectAlgorithm");
         EXPECT_EQ(driver.algorithm(), selected);
@@ -180,6 +186,12 @@ TEST_F(HashSession, LeavesCaptionAndToolBarAsTheyAreBetweenAStopAndTheNextStart)
     };
     EXPECT_FALSE(toggleToolBar());
     EXPECT_TRUE(toggleToolBar());
+    for (const char* bar : {"toolBar", "menuBar"}) {
+        QContextMenuEvent event(QContextMenuEvent::Mouse, {1, 1});
+        QApplication::sendEvent(&driver.child<QWidget>(bar), &event);
+        EXPECT_EQ(QApplication::activePopupWidget(), nullptr)
+            << "Qt's own menu, which knows nothing of the stop";
+    }
     ASSERT_TRUE(driver.run());
     driver.clickToolButton("actionHash_Stop");
     EXPECT_EQ(driver.result(), sha256Result("abc"));

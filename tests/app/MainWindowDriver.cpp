@@ -66,15 +66,16 @@ void MainWindowDriver::chooseFromMenu(const char* action)
     }
 }
 
-bool MainWindowDriver::drop(const char* widget, const QList<QUrl>& urls)
+bool MainWindowDriver::drop(const char* widget, const QList<QUrl>& urls, Qt::DropActions offered)
 {
     QMimeData data;
     data.setText("file:///a");
     if (!urls.isEmpty())
         data.setUrls(urls);
-    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QDragEnterEvent enter(QPoint(5, 5), offered, &data, Qt::LeftButton, Qt::NoModifier);
+    enter.setDropAction(Qt::MoveAction);
     QApplication::sendEvent(&child<QWidget>(widget), &enter);
-    QDropEvent drop(QPointF(5, 5), Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QDropEvent drop(QPointF(5, 5), offered, &data, Qt::LeftButton, Qt::NoModifier);
     drop.setDropAction(Qt::MoveAction);
     if (enter.isAccepted())
         QApplication::sendEvent(&child<QWidget>(widget), &drop);
@@ -144,12 +145,11 @@ std::string errorResult(const std::string& text)
     return "#ff0000 " + text;
 }
 
-std::string sha256Result(const std::string& bytes)
+std::string sha256Result(const std::string& bytes, const std::string& status)
 {
     const QByteArray digest =
         QCryptographicHash::hash(QByteArray::fromStdString(bytes), QCryptographicHash::Sha256);
-    return "#005f00 Hash was calculated successfully\n" + digest.toHex().toUpper().toStdString() + '\n' +
-           digest.toBase64().toStdString();
+    return status + '\n' + digest.toHex().toUpper().toStdString() + '\n' + digest.toBase64().toStdString();
 }
 
 DialogAnswer::DialogAnswer(std::function<void(QDialog&)> answer)

@@ -37,7 +37,8 @@ public:
 
     /// Moves files, or a text where there are none, to `widget`. True where they were taken and the source
     /// was told of a copy: at a move it might delete them.
-    bool drop(const char* widget, const QList<QUrl>& urls);
+    bool drop(const char* widget, const QList<QUrl>& urls,
+              Qt::DropActions offered = Qt::CopyAction | Qt::MoveAction);
 
     void selectAlgorithm(const QString& row); ///< in the combo box
 
@@ -85,7 +86,9 @@ private:
 
 /// What the result is then.
 [[nodiscard]] std::string errorResult(const std::string& text);
-[[nodiscard]] std::string sha256Result(const std::string& bytes); ///< by Qt's implementation
+[[nodiscard]] std::string sha256Result(
+    const std::string& bytes,
+    const std::string& status = "#005f00 Hash was calculated successfully"); ///< by Qt's implementation
 
 /// Does `answer` to the next modal dialog, as soon as it is there and has the keyboard.
 class DialogAnswer

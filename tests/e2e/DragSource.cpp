@@ -31,7 +31,7 @@ protected:
                 std::cout << "accepted" << std::endl; // flushed, as the test waits for the line
         });
         connect(drag, &QObject::destroyed, this, [] { std::cout << "ended" << std::endl; });
-        drag->exec(Qt::CopyAction);
+        drag->exec(Qt::CopyAction | Qt::MoveAction | Qt::LinkAction, Qt::MoveAction); // as file managers do
     }
 };
 

@@ -2,17 +2,36 @@
 
 #include "app/MainWindowTest.h"
 #include "logger/LogSender.h"
+#include "platform/unix/Posix.h"
 #include "support/LauncherBus.h"
 #include "support/ReadFaults.h"
 #include "support/RecordingAppender.h"
 
+#include <QAccessible>
 #include <QElapsedTimer>
+#include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QRegularExpression>
 
+#include <fcntl.h>
 #include <pthread.h>
 
 #include <cerrno>
+#include <csignal>
 #include <optional>
+
+namespace {
+
+QStringList announced; // by the program
+
+} // namespace
+
+/// Stands in front of Qt's own, which does nothing where no screen reader listens.
+void QAccessible::updateAccessibility(QAccessibleEvent* event)
+{
+    if (event->type() == QAccessible::Alert)
+        announced += event->accessibleInterface()->text(QAccessible::Value);
+}
 
 namespace quillon::tests {
 namespace {
@@ -86,8 +105,10 @@ TEST_F(RunInProgress, ShowsItsBeginningThenTheShareOnBothBarsAndRefusesAnotherSt
     faults.holdFrom(3);
     EXPECT_TRUE(waitForProgress("2\\.500", ".*")) << driver->status();
     EXPECT_EQ(driver->runsEnded(), 0);
+    announced.clear();
     faults.delayMs = 0;
     finish(done);
+    EXPECT_EQ(announced, QStringList("Hash was calculated successfully"));
     EXPECT_TRUE(waitFor([&bus] { return bus.updates().last().startsWith("hidden"); }));
     EXPECT_EQ(bus.application(), "application://example.quillon.Kestrum.desktop");
     driver.reset(); // before the bus
@@ -128,7 +149,12 @@ TEST_F(RunInProgress, GoesOnWhileADropChangesTheField)
     EXPECT_TRUE(driver->details().startsWith("File size: 5B\n"));
     driver->press(Qt::Key_F7); // stands for nothing
     EXPECT_EQ(driver->status(), before);
-    finish(done);
+    // No write to the file
+    std::filesystem::permissions(folder.file("blocks"), std::filesystem::perms::owner_all);
+    std::filesystem::rename(folder.file("blocks"), folder.file("moved"));
+    finish(sha256Result(bytes, "#005f00 Hash was calculated successfully: blocks"));
+    const auto& digest = driver->child<QPlainTextEdit>("plainTextEditHashHex");
+    EXPECT_EQ(digest.toolTip() + digest.accessibleDescription(), file.toHtmlEscaped() + file);
     EXPECT_EQ(driver->caption(), plainCaption);
 }
 
@@ -136,13 +162,48 @@ TEST_F(RunInProgress, DigestsAFileAsLongAsItWasAtTheStartAndWaitsForTheRestOfASh
 {
     startAndHold(3);
     std::filesystem::resize_file(folder.file("blocks"), 2 * bytes.size());
-    finish(done);
+    finish(sha256Result(bytes, "#9a4a00 Hash was calculated successfully. "
+                               "The file was changed during the calculation."));
+    EXPECT_EQ(log.back().message, "The file was changed during the calculation.");
+    EXPECT_EQ(log.back().level, logger::ELogLevel::Warning);
     startAndHold(3);
     std::filesystem::resize_file(folder.file("blocks"), 0);
     faults.release();
-    ASSERT_TRUE(waitFor([this] { return faults.reads > 1000; }));
+    ASSERT_TRUE(waitFor([&, former = faults.reads.load()] { return faults.reads > former + 20; }));
     driver->press(Qt::Key_F8);
     finish(cancelled);
+}
+
+TEST_F(RunInProgress, GivesTheKeyboardBackUnlessTheUserHasMovedOn)
+{
+    auto& field = driver->child<QLineEdit>("lineEditInput");
+    for (QWidget* other : {static_cast<QWidget*>(nullptr), &driver->child<QWidget>("plainTextEditHashHex")}) {
+        field.setFocus();
+        startAndHold(2);
+        EXPECT_TRUE(waitFor([&field] { return !field.isEnabled(); }));
+        if (other != nullptr)
+            other->setFocus();
+        finish(done);
+        EXPECT_EQ(driver->window().focusWidget(), other == nullptr ? &field : other);
+    }
+}
+
+TEST_F(RunInProgress, WaitsForAFileThatAnotherProgramHoldsBackUntilTheStop)
+{
+    const auto ignoreSignal = std::signal(SIGIO, SIG_IGN); // which asks for the lease
+    const platform::Descriptor holder(open(file.toUtf8().constData(), O_RDWR | O_CLOEXEC));
+    for (const bool isStopped : {true, false}) {
+        ASSERT_EQ(fcntl(holder.get(), F_SETLEASE, F_WRLCK), 0);
+        driver->press(Qt::Key_F5);
+        EXPECT_TRUE(waitFor([&holder] { return fcntl(holder.get(), F_GETLEASE) != F_WRLCK; }));
+        EXPECT_EQ(driver->runsEnded(), runs);
+        if (isStopped)
+            driver->press(Qt::Key_F8);
+        else
+            EXPECT_EQ(fcntl(holder.get(), F_SETLEASE, F_UNLCK), 0);
+        finish(isStopped ? cancelled : done);
+    }
+    std::signal(SIGIO, ignoreSignal);
 }
 
 TEST_F(RunInProgress, NamesAReadErrorWithBothItsNumbersAndMakesAnInterruptedReadAgain)
