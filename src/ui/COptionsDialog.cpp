@@ -10,8 +10,11 @@
 #include <QDesktopServices>
 #include <QDir>
 #include <QFileInfo>
+#include <QHeaderView>
 #include <QListWidget>
 #include <QUrl>
+
+#include <algorithm>
 
 namespace i18n = quillon::i18n;
 namespace logger = quillon::logger;
@@ -21,6 +24,8 @@ namespace {
 constexpr std::int32_t kFontSize = 8;
 constexpr int kKeyColumnWidth = 150;
 constexpr int kDescriptionColumnWidth = 400;
+constexpr int kLeastRowHeight = 25;
+constexpr int kRowPadding = 6;
 
 /// The row with this item data; the current row stays where there is none.
 void selectRowByData(QComboBox& combo, const QVariant& data)
@@ -65,10 +70,22 @@ void COptionsDialog::createLists()
     m_defaultAlgs = new QListWidget(this);
     m_ui->comboBoxDefaultAlg->setModel(m_defaultAlgs->model());
     m_ui->comboBoxDefaultAlg->setView(m_defaultAlgs);
+    // Styles whose combo boxes open like a menu switch this off, but a list of limited height needs it.
+    m_defaultAlgs->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     for (const logger::LogLevelName& level : logger::logLevelNames)
         m_ui->comboBoxLogLevel->addItem(QString::fromLatin1(level.longName), static_cast<int>(level.id));
-    m_ui->tableWidgetShortcutKeys->setColumnWidth(0, kKeyColumnWidth);
-    m_ui->tableWidgetShortcutKeys->setColumnWidth(1, kDescriptionColumnWidth);
+    fitShortcutTable();
+}
+
+/// All rows are seen at any size of the font.
+void COptionsDialog::fitShortcutTable()
+{
+    QTableWidget& table = *m_ui->tableWidgetShortcutKeys;
+    table.setColumnWidth(0, kKeyColumnWidth);
+    table.setColumnWidth(1, kDescriptionColumnWidth);
+    const int rowHeight = std::max(kLeastRowHeight, table.fontMetrics().height() + kRowPadding);
+    table.verticalHeader()->setDefaultSectionSize(rowHeight);
+    table.setFixedHeight(rowHeight * table.rowCount());
 }
 
 void COptionsDialog::connectControls()
@@ -103,7 +120,9 @@ void COptionsDialog::showEvent(QShowEvent* event)
     fillLanguages();
     fillProxy();
     updateProxyControls();
+    fitNetworkButtons();
     m_ui->labelViewLogFile->setText(makeLinkLabelText(tr("View log file"), QStringLiteral("#")));
+    selectLinkOnFocus(*m_ui->labelViewLogFile);
 }
 
 void COptionsDialog::fillAbout()
@@ -165,7 +184,8 @@ void COptionsDialog::fillLanguages()
             i18n::findLocale(locale, entry.language, entry.country))
             combo.addItem(QString::fromStdString(entry.displayName), locale.id);
     }
-    selectRowByData(combo, m_options.localeId);
+    // No row stands for a language that the list no longer has.
+    combo.setCurrentIndex(combo.findData(m_options.localeId));
 }
 
 void COptionsDialog::collectFromUi()
@@ -183,9 +203,12 @@ void COptionsDialog::collectFromUi()
     m_options.netProxy = typedProxy();
 }
 
-/// The default language where the combo box shows none of the catalogue.
+/// The language that was set where the combo box shows none, and the default one where what it shows is not
+/// in the catalogue.
 std::uint32_t COptionsDialog::shownLocaleId() const
 {
+    if (m_ui->comboBoxLanguage->currentIndex() < 0)
+        return m_options.localeId;
     i18n::internal::Locale<char> locale = i18n::getDefaultLocale();
     i18n::findLocale(locale, m_ui->comboBoxLanguage->currentData(Qt::UserRole).toUInt());
     return locale.id;
@@ -207,6 +230,7 @@ void COptionsDialog::onUiApply()
     // The language may be another one now. Labels that were filled at the first show fall back to the form's
     // own texts until the dialog is opened anew.
     m_ui->retranslateUi(this);
+    fitNetworkButtons();
 }
 
 void COptionsDialog::onUiOk()

@@ -10,6 +10,7 @@
 #include "thread/Thread.h"
 #include "ui/AbandonableCall.h"
 #include "ui/AlgorithmList.h"
+#include "ui/FocusReturn.h"
 #include "ui/SAppOptions.h"
 #include "web/ConnectionCheck.h"
 #include "web/NetProxy.h"
@@ -138,6 +139,7 @@ private:
     // Form, in COptionsDialog.cpp
     [[nodiscard]] static thisapp::SAppOptions initialOptions();
     void createLists();
+    void fitShortcutTable();
     void connectControls();
     void fillAbout();
     void fillDefaultAlgorithm();
@@ -154,6 +156,7 @@ private:
     void connectJobs();
     void closeJobs();
     void fillProxy();
+    void fitNetworkButtons();
     void runSystemQuery();
     void runConnectionCheck();
     void updateProxyControls();
@@ -172,6 +175,8 @@ private:
     LocaleCallback* m_localeCallback = nullptr;
     thisapp::SAppOptions m_options = initialOptions();
     QString m_logFilePath;
+    FocusReturn m_queryFocus;
+    FocusReturn m_checkFocus;
     quillon::sync::SafeData<quillon::sync::Locker, SGetSystemProxySettings> m_systemProxy;
     quillon::sync::SafeData<quillon::sync::Locker, SCheckNetworkConnection> m_connectionCheck;
     SystemQuery m_systemQuery = quillon::web::querySystemProxy;

@@ -8,6 +8,7 @@
 #include <QCoreApplication>
 #include <QTimerEvent>
 
+#include <algorithm>
 #include <cstdint>
 #include <exception>
 #include <mutex>
@@ -163,6 +164,16 @@ void COptionsDialog::fillProxy()
     addRow(tr("Manual proxy configuration"), EProxySelectType::Manual);
     if (const int row = combo.findData(static_cast<int>(m_options.proxySelectType)); row >= 0)
         combo.setCurrentIndex(row);
+    m_ui->buttonSystemProxySettings->setEnabled(quillon::platform::hasSystemProxySettings());
+}
+
+/// Leaves some air around texts that are longer than the form's.
+void COptionsDialog::fitNetworkButtons()
+{
+    constexpr int kLeastWidth = 145;
+    constexpr int kAir = 12;
+    for (QPushButton* button : {m_ui->buttonCheckConnection, m_ui->buttonSystemProxySettings})
+        button->setMinimumWidth(std::max(kLeastWidth, button->sizeHint().width() + 2 * kAir));
 }
 
 /// The selection that was set where the combo box shows none.
@@ -201,7 +212,7 @@ void COptionsDialog::onUiProxySelectTypeChanged(int /*index*/)
 
 void COptionsDialog::onUiQuerySystemProxySettingsStarted()
 {
-    m_ui->comboBoxProxyConfigType->setEnabled(false);
+    m_queryFocus.disable({m_ui->comboBoxProxyConfigType});
 }
 
 void COptionsDialog::onUiQuerySystemProxySettingsFinished()
@@ -216,7 +227,7 @@ void COptionsDialog::onUiQuerySystemProxySettingsFinished()
     } else {
         showNetworkFailure(tr("Failed to get system proxy settings."), err::errorCodesText(state.result));
     }
-    m_ui->comboBoxProxyConfigType->setEnabled(true);
+    m_queryFocus.enable({m_ui->comboBoxProxyConfigType});
 }
 
 void COptionsDialog::onUiCheckNetworkConnection()
@@ -225,14 +236,18 @@ void COptionsDialog::onUiCheckNetworkConnection()
         return;
     m_connectionCheck.set({typedProxy(), {}});
     const err::ResultCode started = m_checkThread.start();
-    m_ui->buttonCheckConnection->setEnabled(!err::succeeded(started));
-    if (!err::succeeded(started))
+    if (err::succeeded(started)) {
+        showNetworkResult({}, kNeutralColor);
+        m_checkFocus.disable({m_ui->buttonCheckConnection});
+    } else {
+        m_checkFocus.enable({m_ui->buttonCheckConnection});
         showNetworkFailure(tr("Failed to check network connection."), err::errorCodesText(started));
+    }
 }
 
 void COptionsDialog::onUiCheckNetworkConnectionStarted()
 {
-    m_ui->buttonCheckConnection->setEnabled(false);
+    m_checkFocus.disable({m_ui->buttonCheckConnection});
 }
 
 void COptionsDialog::onUiCheckNetworkConnectionFinished()
@@ -244,7 +259,7 @@ void COptionsDialog::onUiCheckNetworkConnectionFinished()
     else
         showNetworkFailure(tr("Failed to check network connection."),
                            err::errorCodesText(state.result.first, state.result.second, state.result.third));
-    m_ui->buttonCheckConnection->setEnabled(true);
+    m_checkFocus.enable({m_ui->buttonCheckConnection});
 }
 
 void COptionsDialog::showNetworkFailure(const QString& sentence, const std::string& codes)

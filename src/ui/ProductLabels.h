@@ -10,6 +10,10 @@
 /// as they are, so neither may hold characters that HTML gives a meaning to.
 [[nodiscard]] QString makeLinkLabelText(const QString& text, const QString& address);
 
+/// Makes the link in `label` ready and visible as soon as the label gets the keyboard. Qt would want one more
+/// Tab for that, and shows nothing until then.
+void selectLinkOnFocus(QLabel& label);
+
 /// The address that opens the mail program with a message to support about this program.
 [[nodiscard]] QString supportMailAddress();
 
@@ -21,6 +25,7 @@ void fillProductLabels(Form& form)
     namespace vars = quillon::vars;
     const auto setLink = [](QLabel& label, const char* address) {
         label.setText(makeLinkLabelText(QString::fromUtf8(address), QString::fromUtf8(address)));
+        selectLinkOnFocus(label);
     };
     form.labelVersion->setText(QCoreApplication::applicationName() + QStringLiteral(" v") +
                                QCoreApplication::applicationVersion());

@@ -80,10 +80,14 @@ struct OptionsNetwork : testing::Test
     {
         dialog.show();
         dialog.setConnectionCheck(std::make_shared<ConnectionCheck>(libraries, url));
-        user.reach<QLineEdit>("lineEditNetworkLogs").clear();
+        QWidget& button = user.reach("buttonCheckConnection");
+        user.reach<QLineEdit>("lineEditNetworkLogs").setText("of the check before");
+        button.setFocus();
         user.click("buttonCheckConnection");
-        EXPECT_FALSE(user.reach("buttonCheckConnection").isEnabled());
+        EXPECT_EQ(user.shown("lineEditNetworkLogs"), "");
+        EXPECT_FALSE(button.isEnabled());
         EXPECT_TRUE(waitForEnabled("buttonCheckConnection", true));
+        EXPECT_EQ(dialog.focusWidget(), &button);
         return result();
     }
 

@@ -13,6 +13,7 @@
 #include "ui/CSelectAlgorithmDialog.h"
 #include "vars/Product.h"
 
+#include <QAccessible>
 #include <QAction>
 #include <QFile>
 #include <QLabel>
@@ -172,6 +173,14 @@ TEST_F(OptionsTest, OfBadSettingsShowTheirSubstitutesAndLeaveThemInTheStore)
     }
 }
 
+TEST_F(OptionsTest, KeepALanguageThatTheListNoLongerHas)
+{
+    CAppSettings().setValue("LocaleId", 1043); // Dutch
+    MainWindowDriver driver;
+    useOptions(driver, "buttonOk", [](const OptionsUser&) {});
+    EXPECT_EQ(allStored()["LocaleId"] + calculate(driver), "1043Calculate");
+}
+
 TEST_F(OptionsTest, ThatAreConfirmedGovernTheWindow)
 {
     MainWindowDriver driver({write("letters", "abc")});
@@ -315,6 +324,9 @@ TEST_F(OptionsTest, HaveNamedFieldsPagesThatFillOnceAndLinksThatOpenTheirAddress
                 EXPECT_TRUE(!field->inherits(kind) || named.contains(field) ||
                             !field->accessibleName().isEmpty())
                     << field->objectName().toStdString() << " has no name for screen readers";
+        EXPECT_EQ(
+            QAccessible::queryAccessibleInterface(&user.reach("comboBoxLogLevel"))->text(QAccessible::Name),
+            "Logger level:");
         EXPECT_EQ(user.reach<QTableWidget>("tableWidgetShortcutKeys").currentRow(), 1);
         EXPECT_EQ(user.shown("labelHomePage") + user.shown("labelDonate"),
                   "Kestrum home page:Donate to the Kestrum:");
