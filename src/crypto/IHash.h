@@ -26,8 +26,8 @@ class IHashCallback : public IHashProgressCallback
 public:
     virtual void onHashStarted(void* userData) = 0;
 
-    /// The last call of a run. `stopped` says that a stop was asked for; one that came after the last read
-    /// was too late, and then `result` is a success all the same.
+    /// The last call of IHash::calculate. `stopped` says that a stop was asked for; one that came after the
+    /// last read was too late, and then `result` is a success all the same.
     virtual void onHashFinished(bool stopped, const HashResult& result, void* userData) = 0;
 
     /// Asked every now and then while a file is waited for before a run: whether to give it up.

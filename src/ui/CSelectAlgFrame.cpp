@@ -29,7 +29,8 @@ bool CSelectAlgFrame::eventFilter(QObject* watched, QEvent* event)
     if (event->type() != QEvent::KeyPress)
         return QFrame::eventFilter(watched, event);
     const auto& press = static_cast<const QKeyEvent&>(*event);
-    const bool isShortcut = press.modifiers().testFlag(Qt::ControlModifier) && press.key() >= Qt::Key_A &&
+    const bool isShortcut = press.modifiers().testFlag(Qt::ControlModifier) &&
+                            !press.modifiers().testFlag(Qt::AltModifier) && press.key() >= Qt::Key_A &&
                             press.key() <= Qt::Key_Z;
     if (isShortcut)
         event->ignore();

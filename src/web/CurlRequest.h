@@ -41,7 +41,7 @@ public:
     /// libcurl's next look at its clock, a second later at most. Any thread.
     void stop();
 
-    /// How many bytes of the last answer came.
+    /// How many bytes of the last answer are kept, 64 KiB of either at most.
     [[nodiscard]] std::size_t receivedHeaderBytes() const { return m_headers.get().size(); }
     [[nodiscard]] std::size_t receivedBodyBytes() const { return m_body.get().size(); }
 

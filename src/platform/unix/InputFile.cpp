@@ -78,9 +78,13 @@ int openLeased(const std::string& path, const StopQuery& isStopped)
     constexpr std::uint32_t kPatienceMs = 60'000;
     const std::uint32_t start = tickCountMs();
     int descriptor = openForReading(path);
-    while (descriptor < 0 && errno == EWOULDBLOCK && tickCountMs() - start < kPatienceMs &&
-           !(isStopped && isStopped())) {
+    while (descriptor < 0 && errno == EWOULDBLOCK && tickCountMs() - start < kPatienceMs) {
         std::this_thread::sleep_for(kPause);
+        // Asked right before each try: a stop that comes during the pause must not become a run.
+        if (isStopped && isStopped()) {
+            errno = EWOULDBLOCK;
+            break;
+        }
         descriptor = openForReading(path);
     }
     return descriptor;

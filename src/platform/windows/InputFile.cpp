@@ -22,13 +22,17 @@ struct HandleCloser
     }
 };
 
-InputFile::Stamp stampOf(const BY_HANDLE_FILE_INFORMATION& status)
+/// False where there is no size. Not every file system tells the time.
+bool readStamp(HANDLE handle, InputFile::Stamp& stamp)
 {
-    const auto join = [](DWORD high, DWORD low) {
-        return static_cast<std::int64_t>((static_cast<std::uint64_t>(high) << 32U) | low);
-    };
-    return {join(status.nFileSizeHigh, status.nFileSizeLow),
-            join(status.ftLastWriteTime.dwHighDateTime, status.ftLastWriteTime.dwLowDateTime), true};
+    LARGE_INTEGER size{};
+    if (GetFileSizeEx(handle, &size) == 0)
+        return false;
+    FILETIME written{};
+    const bool hasTime = GetFileTime(handle, nullptr, nullptr, &written) != 0;
+    const auto time = (static_cast<std::uint64_t>(written.dwHighDateTime) << 32U) | written.dwLowDateTime;
+    stamp = {size.QuadPart, static_cast<std::int64_t>(time), hasTime};
+    return true;
 }
 
 } // namespace
@@ -49,9 +53,8 @@ err::ResultCode InputFile::read(char* buffer, std::uint32_t count, std::uint32_t
 
 bool InputFile::isChanged() const noexcept
 {
-    BY_HANDLE_FILE_INFORMATION status{};
-    return m_stamp.isRegular && GetFileInformationByHandle(handleOf(m_handle), &status) != 0 &&
-           stampOf(status) != m_stamp;
+    Stamp now;
+    return m_stamp.isRegular && readStamp(handleOf(m_handle), now) && now != m_stamp;
 }
 
 // Nothing is waited for: whoever holds a file back here holds it back for good.
@@ -66,10 +69,10 @@ err::ResultCode openInputFile(const std::wstring& name, std::unique_ptr<InputFil
     // Pipes and devices have no size that a digest could be read to.
     if (GetFileType(handle.get()) != FILE_TYPE_DISK)
         return err::systemError(ERROR_NOT_SUPPORTED);
-    BY_HANDLE_FILE_INFORMATION status{};
-    if (GetFileInformationByHandle(handle.get(), &status) == 0)
+    InputFile::Stamp stamp;
+    if (!readStamp(handle.get(), stamp))
         return err::systemError(GetLastError());
-    file.reset(new InputFile(reinterpret_cast<std::intptr_t>(handle.release()), stampOf(status)));
+    file.reset(new InputFile(reinterpret_cast<std::intptr_t>(handle.release()), stamp));
     return {};
 }
 

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <algorithm>
 #include <string_view>
 
 namespace quillon::platform {
@@ -9,7 +10,8 @@ namespace quillon::platform {
 std::wstring withLongNamePrefix(const std::wstring& fullName)
 {
     const std::wstring_view name = fullName;
-    if (name.size() < MAX_PATH || name.starts_with(LR"(\\?\)") || name.starts_with(LR"(\\.\)"))
+    const bool isPlain = name.size() < MAX_PATH && !name.ends_with(L' ');
+    if (isPlain || name.starts_with(LR"(\\?\)") || name.starts_with(LR"(\\.\)"))
         return fullName;
     constexpr std::wstring_view kServer = LR"(\\)";
     if (name.starts_with(kServer))
@@ -19,12 +21,16 @@ std::wstring withLongNamePrefix(const std::wstring& fullName)
 
 std::wstring openableName(const std::wstring& name)
 {
+    if (name.starts_with(LR"(\\?\)"))
+        return name;
     const DWORD room = GetFullPathNameW(name.c_str(), 0, nullptr, nullptr);
     std::wstring full(room, L'\0');
     const DWORD length = GetFullPathNameW(name.c_str(), room, full.data(), nullptr);
     if (length == 0 || length >= room)
         return name;
     full.resize(length);
+    // Blanks at the end get lost there.
+    full.append(name.size() - 1 - std::min(name.find_last_not_of(L' '), name.size() - 1), L' ');
     return withLongNamePrefix(full);
 }
 

@@ -31,7 +31,8 @@ bool makeOwnerOnlyFile(const QString& path)
     }
     if (S_ISREG(status.st_mode) && (status.st_mode & (S_IRWXG | S_IRWXO)) != 0)
         static_cast<void>(chmod(name.constData(), status.st_mode & S_IRWXU));
-    return S_ISREG(status.st_mode);
+    // A folder holds nobody up, and nothing can be written in its place.
+    return S_ISREG(status.st_mode) || S_ISDIR(status.st_mode);
 }
 
 // A writer makes its lock file first and takes the native lock on it right after that. Nobody is between the
@@ -43,11 +44,16 @@ std::chrono::nanoseconds writtenAt(const struct stat& status)
     return std::chrono::seconds(status.st_mtim.tv_sec) + std::chrono::nanoseconds(status.st_mtim.tv_nsec);
 }
 
-/// Waits until the lock file with this name is old; false where it goes before that, or another comes.
-bool waitForOldLock(const QByteArray& name)
+bool isSameLock(const struct stat& a, const struct stat& b)
+{
+    return isSameFile(a, b) && writtenAt(a) == writtenAt(b);
+}
+
+/// Waits until the lock file with this name is old, and tells which one it is; false where it goes before
+/// that, or another comes.
+bool waitForOldLock(const QByteArray& name, struct stat& first)
 {
     constexpr std::chrono::milliseconds kPause{10};
-    struct stat first = {};
     if (stat(name.constData(), &first) != 0)
         return false;
     const auto end = std::chrono::system_clock::time_point(writtenAt(first)) + kLeastAgeOfAbandoned;
@@ -56,8 +62,7 @@ bool waitForOldLock(const QByteArray& name)
     while (std::chrono::system_clock::now() < end && std::chrono::steady_clock::now() < latestEnd) {
         std::this_thread::sleep_for(kPause);
         struct stat now = {};
-        if (stat(name.constData(), &now) != 0 || !isSameFile(now, first) ||
-            writtenAt(now) != writtenAt(first))
+        if (stat(name.constData(), &now) != 0 || !isSameLock(now, first))
             return false;
     }
     return true;
@@ -66,14 +71,14 @@ bool waitForOldLock(const QByteArray& name)
 /// QLockFile keeps a native lock on its file for as long as it holds it, so an old lock file without one was
 /// left by a process that was killed. QLockFile itself would wait half a minute for an empty one, and a
 /// writer killed while it takes another's lock file away leaves a lock for the next one to stumble over.
-void removeAbandonedLock(const QByteArray& name)
+void removeAbandonedLock(const QByteArray& name, const struct stat& old)
 {
     const Descriptor lock(open(name.constData(), O_RDWR | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK));
     struct stat opened = {};
     struct stat named = {};
-    const bool isFree = lock.isOpen() && flock(lock.get(), LOCK_EX | LOCK_NB) == 0;
-    // By now the name may belong to another process's lock.
-    if (isFree && fstat(lock.get(), &opened) == 0 && stat(name.constData(), &named) == 0 &&
+    // Before and after each step the name may come to belong to another process's lock.
+    const bool isOld = lock.isOpen() && fstat(lock.get(), &opened) == 0 && isSameLock(opened, old);
+    if (isOld && flock(lock.get(), LOCK_EX | LOCK_NB) == 0 && stat(name.constData(), &named) == 0 &&
         isSameFile(opened, named))
         unlink(name.constData());
 }
@@ -98,8 +103,9 @@ void freeAbandonedLocks(const SettingsStore& store)
     // The second is the lock under which QLockFile takes away a stale first one.
     for (const char* suffix : {".lock", ".lock.rmlock"}) {
         const QByteArray name = QFile::encodeName(store.path) + suffix;
-        if (waitForOldLock(name))
-            removeAbandonedLock(name);
+        struct stat old = {};
+        if (waitForOldLock(name, old))
+            removeAbandonedLock(name, old);
     }
 }
 
