@@ -1,8 +1,9 @@
 # One name a line for each parser of outside text: <name>.cpp holds its LLVMFuzzerTestOneInput, corpus/<name> its
 # seed inputs. The modules that it needs stand behind the name.
-set(KESTRUM_FUZZ_TARGETS bom_detection properties_file_reader text_file_reader tr_res_reader
+set(KESTRUM_FUZZ_TARGETS bom_detection expected_values properties_file_reader text_file_reader tr_res_reader
     translation_list utf8_file_reader)
 set(KESTRUM_FUZZ_LINKS_bom_detection kestrum::file)
+set(KESTRUM_FUZZ_LINKS_expected_values kestrum::compare)
 set(KESTRUM_FUZZ_LINKS_properties_file_reader kestrum::file)
 set(KESTRUM_FUZZ_LINKS_text_file_reader kestrum::file kestrum::text)
 set(KESTRUM_FUZZ_LINKS_tr_res_reader kestrum::i18n)

@@ -33,6 +33,10 @@ printf '\n## Texts of a language, against fgets and std::map\n\n```\n'
 "$bench/bench_i18n" "$ROOT/languages"
 printf '```\n'
 
+printf '\n## Reading expected digests\n\n```\n'
+"$bench/bench_compare"
+printf '```\n'
+
 printf '\n## A log statement, against a lock and unlock\n\n```\n'
 "$bench/bench_log" --benchmark_color=false 2>/dev/null
 printf '```\n'
