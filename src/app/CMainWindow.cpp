@@ -60,6 +60,7 @@ CMainWindow::CMainWindow(QWidget* parent)
     m_shellIntegration.init();
     setFonts();
     alignTexts();
+    createCompareAction();
     connectActions();
     connectInputs();
     connectWorker();

@@ -20,6 +20,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -106,6 +107,7 @@ private slots:
     void onUiShowHideToolbar();
     void onUiCopyHashAsHex();
     void onUiCopyHashAsBase64();
+    void onUiCompare();
     void onUiHomePage();
     void onUiSupportEmail();
     void onUiDonate();
@@ -147,8 +149,14 @@ private:
     void integrateShellContextMenu();
     void integrateSendToMenu();
 
+    // Comparison, in CMainWindowCompare.cpp
+    void createCompareAction();
+    void nameCompareAction();
+    void calculateAgain(std::uint32_t algorithmId, const QString& expected);
+
     // Input file, in CMainWindowInput.cpp
     [[nodiscard]] QString inputFileName() const;
+    void nameDigestFile(const QString& path);
     [[nodiscard]] bool isInputFileChanged() const;
     [[nodiscard]] QString askForInputFile(const QString& title);
     void dropFormerResult();
@@ -164,7 +172,6 @@ private:
     void showDigest();
     void showDigestTexts(const std::vector<char>& digest);
     void showSuccess();
-    void nameDigestFile(const QString& path);
     void copyDigestAsConfigured();
     void clearHashResults();
     void resetStatus(bool force);
@@ -185,6 +192,8 @@ private:
     quillon::sync::SafeData<quillon::sync::Locker, thisapp::SHashData> m_hashData;
     quillon::thread::Thread m_thread;
     FocusReturn m_focusReturn;
+    QAction* m_compareAction = nullptr;
+    std::optional<QString> m_expectedText; ///< of a comparison that goes on after the run
     SRemainingTimeEstimator m_remainingTime;
     QStringList m_commandLine;
     std::unique_ptr<quillon::platform::TaskbarProgress> m_taskbarProgress;

@@ -87,3 +87,14 @@ void CMainWindow::updateInputFileDetails()
         panel.setTextColor(Qt::red);
     }
 }
+
+/// Lets caption and digest say of which file they are; an empty `path` takes it back.
+void CMainWindow::nameDigestFile(const QString& path)
+{
+    const auto kPlain = QStringLiteral("<span style=\"white-space: pre\">%1</span>"); // no HTML by its looks
+    for (QWidget* widget : std::initializer_list<QWidget*>{
+             m_ui->labelResultCaption, m_ui->plainTextEditHashHex, m_ui->plainTextEditHashBase64}) {
+        widget->setToolTip(path.isEmpty() ? path : kPlain.arg(path.toHtmlEscaped()));
+        widget->setAccessibleDescription(path);
+    }
+}

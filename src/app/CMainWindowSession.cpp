@@ -62,6 +62,7 @@ void CMainWindow::onUiStartHashCalculation()
     // calculator, and show that one's empty digest.
     QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);
     clearHashResults();
+    m_expectedText.reset();
     const SHashAlgId algorithm = m_hashAlgFrame->getCurrentAlgorithm();
     if (!checkAlgorithm(algorithm))
         return;
@@ -237,6 +238,8 @@ void CMainWindow::onUiHashCalculationFinished()
         showDigest();
     m_progressFrame->announce();
     updateResultCaption();
+    if (m_expectedText && !session.stopped && crypto::succeeded(session.result))
+        QMetaObject::invokeMethod(this, "onUiCompare", Qt::QueuedConnection);
 }
 
 void CMainWindow::showStopped()
@@ -281,7 +284,7 @@ void CMainWindow::showSuccess()
     const SHashData session = m_hashData.get();
     QString text = tr("Hash was calculated successfully");
     if (isInputFileChanged()) {
-        const QString path = QString::fromStdString(session.fileName);
+        const QString path = QFileInfo(QString::fromStdString(session.fileName)).absoluteFilePath();
         const QString name = QFileInfo(path).fileName();
         const QString& shown = name == QFileInfo(inputFileName()).fileName() ? path : name;
         text += QStringLiteral(": ") + fontMetrics().elidedText(shown, Qt::ElideMiddle, width() / 2);
@@ -295,16 +298,6 @@ void CMainWindow::showSuccess()
     else
         m_progressFrame->showSuccessText(text);
     m_progressFrame->show();
-}
-
-/// Lets caption and digest say of which file they are; an empty `path` takes it back.
-void CMainWindow::nameDigestFile(const QString& path)
-{
-    for (QWidget* widget : std::initializer_list<QWidget*>{
-             m_ui->labelResultCaption, m_ui->plainTextEditHashHex, m_ui->plainTextEditHashBase64}) {
-        widget->setToolTip(path.toHtmlEscaped());
-        widget->setAccessibleDescription(path);
-    }
 }
 
 void CMainWindow::showDigestTexts(const std::vector<char>& digest)

@@ -21,6 +21,16 @@ public:
     virtual void onFilesDropped(std::int32_t id, const QList<QUrl>& urls) = 0;
 };
 
+/// Takes files that are dragged as copies, and refuses anything else. The files are only read: were a
+/// proposed move confirmed, the source might delete them.
+inline void answerFilesDrag(QDropEvent& event)
+{
+    const bool isWanted = event.possibleActions().testFlag(Qt::CopyAction) && event.mimeData()->hasUrls() &&
+                          !event.mimeData()->urls().isEmpty();
+    event.setDropAction(isWanted ? Qt::CopyAction : Qt::IgnoreAction);
+    event.setAccepted(isWanted);
+}
+
 /// Turns the widget class `Base` into a drop target for URLs. What `Base` itself does with drops is switched
 /// off, so that a text field never inserts what was dropped as text.
 template <class Base>
@@ -41,27 +51,19 @@ public:
     void setDropHandler(IFilesDragDropEvent* handler) { m_dropHandler = handler; }
 
 protected:
-    void dragEnterEvent(QDragEnterEvent* event) override { answer(*event); }
-    void dragMoveEvent(QDragMoveEvent* event) override { answer(*event); }
+    void dragEnterEvent(QDragEnterEvent* event) override { answerFilesDrag(*event); }
+    void dragMoveEvent(QDragMoveEvent* event) override { answerFilesDrag(*event); }
 
     void dropEvent(QDropEvent* event) override
     {
         if (!event->mimeData()->hasUrls() || m_dropHandler == nullptr)
             return;
-        answer(*event);
-        m_dropHandler->onFilesDropped(m_dropId, event->mimeData()->urls());
+        answerFilesDrag(*event);
+        if (event->isAccepted())
+            m_dropHandler->onFilesDropped(m_dropId, event->mimeData()->urls());
     }
 
 private:
-    /// The files are only read. Were a proposed move confirmed, the source might delete them.
-    static void answer(QDropEvent& event)
-    {
-        const bool isWanted = event.possibleActions().testFlag(Qt::CopyAction) &&
-                              event.mimeData()->hasUrls() && !event.mimeData()->urls().isEmpty();
-        event.setDropAction(isWanted ? Qt::CopyAction : Qt::IgnoreAction);
-        event.setAccepted(isWanted);
-    }
-
     std::int32_t m_dropId = 0;
     IFilesDragDropEvent* m_dropHandler = nullptr;
 };
