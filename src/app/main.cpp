@@ -44,6 +44,7 @@ void prepareToolkit()
 
 int main(int argc, char* argv[])
 {
+    quillon::platform::dropRelativeFolders();
     setIdentity();
     loadStartLanguage();
     // Taken now, as the application object removes the arguments that it knows.

@@ -35,7 +35,7 @@ AppSettings::AppSettings(int productId, const platform::SettingsStore& store)
 void AppSettings::setValue(const QString& key, const QVariant& value)
 {
     if (!std::exchange(m_isWritable, true))
-        platform::freeAbandonedLocks({fileName(), format()});
+        platform::prepareWrite({fileName(), format()});
     QSettings::setValue(key, value);
 }
 

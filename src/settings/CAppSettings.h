@@ -20,7 +20,7 @@ public:
     [[nodiscard]] int productId() const noexcept { return m_productId; }
 
     /// Stores `value`. The first one waits for the lock of a writer that was killed (see
-    /// platform::freeAbandonedLocks).
+    /// platform::prepareWrite).
     void setValue(const QString& key, const QVariant& value);
 
 private:

@@ -17,14 +17,15 @@ struct SettingsStore
     QSettings::Format format;
 };
 
-/// The store of `product`, with the organisation as the level above it. Where the store is a file it exists
-/// afterwards and only its owner can read it, as it will hold a password; a failure to make it so is silent,
-/// and reading it then gives defaults. So does what lies there and is no file.
+/// The store of `product`, with the organisation as the level above it. Where the store is a file that
+/// exists, only its owner can read it afterwards, as it will hold a password. What lies there and is no file
+/// gives defaults.
 [[nodiscard]] SettingsStore settingsStore(const QString& organisation, const QString& product);
 
-/// To be called ahead of a write to `store`: takes away the lock that a killed writer has left on it, where
+/// To be called ahead of a write to `store`. Where that is a file, makes it and its folder for the owner
+/// alone; a failure to make it so is silent. Takes away the lock that a killed writer has left on it, where
 /// it is older than two seconds, and waits for it to get as old as that; longer it blocks for no lock.
-void freeAbandonedLocks(const SettingsStore& store);
+void prepareWrite(const SettingsStore& store);
 
 /// The full path of the program's entry in the user's Send To menu: on Windows a shortcut with the name
 /// `productName`, on Unix a desktop entry with the name `productId` where Thunar looks for them. It need not

@@ -3,8 +3,10 @@
 #include "text/AsciiText.h"
 #include "text/Unicode.h"
 
+#include <sys/auxv.h>
 #include <unistd.h>
 
+#include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <system_error>
@@ -36,11 +38,28 @@ std::vector<std::string> programArguments(int argc, const char* const* argv)
     return arguments;
 }
 
+void dropRelativeFolders()
+{
+    for (const char* name : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME", "XDG_RUNTIME_DIR"}) {
+        const char* const folder = std::getenv(name);
+        if (folder != nullptr && *folder != '/')
+            unsetenv(name);
+    }
+}
+
 std::string programPath()
 {
     std::error_code error;
     const std::filesystem::path path = std::filesystem::read_symlink("/proc/self/exe", error);
-    return error ? std::string() : path.string();
+    if (!error)
+        return path.string();
+    // Without /proc: as it was started, by a name that may count from the folder of that time.
+    static const std::string kStarted = [&error] {
+        const auto* const name =
+            reinterpret_cast<const char*>(getauxval(AT_EXECFN)); // NOLINT(performance-no-int-to-ptr)
+        return name == nullptr ? std::string() : std::filesystem::absolute(name, error).string();
+    }();
+    return kStarted;
 }
 
 std::wstring shellFileCommand(const std::string& program)

@@ -52,6 +52,9 @@ constexpr std::size_t kLongestPath = 32768;
 
 } // namespace
 
+// No folder of the user's stands in the environment here.
+void dropRelativeFolders() {}
+
 std::string programPath()
 {
     std::wstring path(kLongestPath, L'\0');

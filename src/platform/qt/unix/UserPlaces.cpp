@@ -1,5 +1,6 @@
 #include "platform/qt/UserPlaces.h"
 
+#include "platform/Files.h"
 #include "platform/unix/Posix.h"
 
 #include <QDir>
@@ -18,17 +19,22 @@ namespace {
 
 constexpr mode_t kOwnerOnly = S_IRUSR | S_IWUSR;
 
-/// QSettings would create the file readable by everybody, but keeps the permissions of one that exists.
-/// False where something else has the name.
-bool makeOwnerOnlyFile(const QString& path)
+/// QSettings would create both readable by everybody, but keeps the permissions of what exists.
+void makeOwnerOnlyFile(const QString& path)
 {
-    QDir().mkpath(QFileInfo(path).path());
+    createFolders(QFile::encodeName(QFileInfo(path).path()).toStdString());
+    const QByteArray name = QFile::encodeName(path);
+    const Descriptor made(open(name.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kOwnerOnly));
+}
+
+/// Takes the rights of others away from the file. False where something has the name that is none and cannot
+/// be read like one.
+bool isUsable(const QString& path)
+{
     const QByteArray name = QFile::encodeName(path);
     struct stat status = {};
-    if (stat(name.constData(), &status) != 0) {
-        const Descriptor made(open(name.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kOwnerOnly));
+    if (stat(name.constData(), &status) != 0)
         return true;
-    }
     if (S_ISREG(status.st_mode) && (status.st_mode & (S_IRWXG | S_IRWXO)) != 0)
         static_cast<void>(chmod(name.constData(), status.st_mode & S_IRWXU));
     // A folder holds nobody up, and nothing can be written in its place.
@@ -95,11 +101,12 @@ SettingsStore settingsStore(const QString& organisation, const QString& product)
     const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
     const QString path = folder + '/' + organisation + '/' + product + QStringLiteral(".conf");
     // QSettings would wait for somebody to write into a pipe. Below what is no folder it finds nothing.
-    return {makeOwnerOnlyFile(path) ? path : path + QStringLiteral("/none"), QSettings::IniFormat};
+    return {isUsable(path) ? path : path + QStringLiteral("/none"), QSettings::IniFormat};
 }
 
-void freeAbandonedLocks(const SettingsStore& store)
+void prepareWrite(const SettingsStore& store)
 {
+    makeOwnerOnlyFile(store.path);
     // The second is the lock under which QLockFile takes away a stale first one.
     for (const char* suffix : {".lock", ".lock.rmlock"}) {
         const QByteArray name = QFile::encodeName(store.path) + suffix;

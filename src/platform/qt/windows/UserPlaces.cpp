@@ -22,7 +22,7 @@ SettingsStore settingsStore(const QString& organisation, const QString& product)
 }
 
 // The registry needs no lock of ours.
-void freeAbandonedLocks(const SettingsStore& /*store*/) {}
+void prepareWrite(const SettingsStore& /*store*/) {}
 
 QString sendToLinkPath(const QString& productName, const QString& /*productId*/)
 {

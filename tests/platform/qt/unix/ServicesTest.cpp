@@ -5,6 +5,7 @@
 
 #include <QElapsedTimer>
 #include <QFile>
+#include <QFileInfo>
 #include <QLocalServer>
 
 #include <gtest/gtest.h>
@@ -23,7 +24,11 @@ TEST(SettingsStore, IsTheOwnersAloneHoweverItComesToBe)
 {
     const SettingsStore store = settingsStore("House", "Product");
     EXPECT_EQ(store.path, qgetenv("XDG_CONFIG_HOME") + "/House/Product.conf");
+    EXPECT_FALSE(QFile::exists(store.path)) << "a look alone makes nothing";
+    prepareWrite(store);
     EXPECT_EQ(QFile::permissions(store.path), kOwnerOnly);
+    EXPECT_EQ(QFile::permissions(QFileInfo(store.path).path()),
+              kOwnerOnly | QFile::ExeOwner | QFile::ExeUser);
     QSettings(store.path, store.format).setValue("Key", 7);
     EXPECT_EQ(QFile::permissions(store.path), kOwnerOnly) << "once it is written";
     QFile::setPermissions(store.path, kOwnerOnly | QFile::ReadGroup | QFile::ReadOther);
