@@ -11,15 +11,15 @@
 #include "text/Unicode.h"
 
 #define CRYPTOPP_ENABLE_NAMESPACE_WEAK 1
-#include <crypto++/adler32.h>
-#include <crypto++/keccak.h>
-#include <crypto++/md4.h>
-#include <crypto++/md5.h>
-#include <crypto++/panama.h>
-#include <crypto++/ripemd.h>
-#include <crypto++/sha.h>
-#include <crypto++/tiger.h>
-#include <crypto++/whrlpool.h>
+#include <cryptopp/adler32.h>
+#include <cryptopp/keccak.h>
+#include <cryptopp/md4.h>
+#include <cryptopp/md5.h>
+#include <cryptopp/panama.h>
+#include <cryptopp/ripemd.h>
+#include <cryptopp/sha.h>
+#include <cryptopp/tiger.h>
+#include <cryptopp/whrlpool.h>
 #include <fcntl.h>
 #include <unistd.h>
 

@@ -5,7 +5,7 @@
 #include <QMenuBar>
 #include <QToolBar>
 
-#include <crypto++/sha.h>
+#include <cryptopp/sha.h>
 
 int main(int argc, char* argv[])
 {

@@ -5,7 +5,7 @@
 #include "crypto/skein/SkeinHashEngines.h"
 #include "support/Bytes.h"
 
-#include <crypto++/sha.h>
+#include <cryptopp/sha.h>
 #include <gtest/gtest.h>
 
 #include <cstdint>

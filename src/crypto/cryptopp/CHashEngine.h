@@ -4,7 +4,7 @@
 #include "crypto/HashCatalogue.h"
 #include "crypto/IHashEngine.h"
 
-#include <crypto++/crc.h>
+#include <cryptopp/crc.h>
 
 #include <algorithm>
 #include <array>

@@ -4,8 +4,8 @@
 #include "crypto/ISymmetricEngine.h"
 #include "sync/SafeData.h"
 
-#include <crypto++/blowfish.h>
-#include <crypto++/modes.h>
+#include <cryptopp/blowfish.h>
+#include <cryptopp/modes.h>
 
 #include <concepts>
 #include <cstddef>
