@@ -2,10 +2,11 @@
 
 # As in Debian's own packages. In a folder of "lib" itself CPack would take our library for a public one, and write
 # maintainer scripts that make it known to all programs.
-if(CMAKE_LIBRARY_ARCHITECTURE)
+if(CMAKE_LIBRARY_ARCHITECTURE AND NOT DEFINED CMAKE_INSTALL_LIBDIR)
     set(CMAKE_INSTALL_LIBDIR lib/${CMAKE_LIBRARY_ARCHITECTURE} CACHE PATH "Folder of the libraries")
 endif()
 include(GNUInstallDirs)
+
 
 # The program looks for its translations and for the desktop's helper in its own folder, so all three share one that
 # is theirs alone; a link leads there from the search path.
@@ -15,6 +16,29 @@ set(generated ${PROJECT_BINARY_DIR}/CMakeFiles/install)
 set(id example.quillon.Kestrum)
 # Debian looks for them under the package's name, not the project's.
 set(documents ${CMAKE_INSTALL_DATADIR}/doc/kestrum)
+
+# CMake makes folders under the umask of the one who installs, so that nobody else might get at what is in them. What is
+# there already is left as it is.
+set(icon_theme ${CMAKE_INSTALL_DATADIR}/icons/hicolor)
+set(icon_sizes 16 22 24 32 48 64 128 256)
+list(TRANSFORM icon_sizes REPLACE "(.+)" "${icon_theme}/\\1x\\1/apps" OUTPUT_VARIABLE icon_folders)
+set(folders ${CMAKE_INSTALL_BINDIR} ${program_folder}/languages ${CMAKE_INSTALL_DATADIR}/applications
+    ${CMAKE_INSTALL_DATADIR}/metainfo ${icon_folders} ${icon_theme}/scalable/apps ${CMAKE_INSTALL_MANDIR}/man1 ${documents})
+install(CODE "set(folders \"${folders}\")")
+install(CODE [[
+    foreach(folder IN LISTS folders)
+        set(path $ENV{DESTDIR}${CMAKE_INSTALL_PREFIX}/${folder})
+        set(missing)
+        while(NOT EXISTS ${path})
+            list(PREPEND missing ${path})
+            cmake_path(GET path PARENT_PATH path)
+        endwhile()
+        foreach(path IN LISTS missing)
+            file(MAKE_DIRECTORY ${path})
+            file(CHMOD ${path} DIRECTORY_PERMISSIONS
+                OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
+        endforeach()
+    endforeach()]])
 
 install(TARGETS kestrum RUNTIME DESTINATION ${program_folder})
 install(TARGETS QxShellHelper LIBRARY DESTINATION ${program_folder})
@@ -29,8 +53,7 @@ install(FILES ${generated}/kestrum DESTINATION ${CMAKE_INSTALL_BINDIR})
 
 install(FILES ${linux_resources}/${id}.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
 install(FILES ${linux_resources}/${id}.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
-set(icon_theme ${CMAKE_INSTALL_DATADIR}/icons/hicolor)
-foreach(size 16 22 24 32 48 64 128 256)
+foreach(size IN LISTS icon_sizes)
     install(FILES ${linux_resources}/icons/${size}.png DESTINATION ${icon_theme}/${size}x${size}/apps RENAME ${id}.png)
 endforeach()
 install(FILES ${PROJECT_SOURCE_DIR}/resources/svg/main.svg DESTINATION ${icon_theme}/scalable/apps RENAME ${id}.svg)
@@ -62,13 +85,14 @@ set(CPACK_PACKAGE_DESCRIPTION
 text, ready to copy. While it runs it shows how far it is and how long it will\n\
 still take. It offers itself in the context menu of the file managers.")
 set(CPACK_STRIP_FILES ON)
-# Whatever the packer's umask is.
-set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
-    OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
+set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_LIST_DIR}/PackedFolders.cmake)
+set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# Loaded at run time, where they are there, so that no dependency shows.
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "libcurl4, libproxy1v5, qtwayland5")
+# Loaded or called at run time, where they are there, so that no dependency shows. The plug-ins know the proxy of GNOME
+# and of KDE.
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS
+    "hicolor-icon-theme, libcurl4, libproxy1v5, libproxy1-plugin-gsettings, libproxy1-plugin-kconfig, qtwayland5, xdg-utils")
 include(CPack)

@@ -20,10 +20,11 @@ class Installed(DesktopTest):
         self.actions = self.config / "Thunar" / "uca.xml"
         self.actions.parent.mkdir()
 
-    # What a command writes; its failure fails the test.
+    # What a command writes; its failure fails the test. Its files are nobody else's unless it sees to that.
     def run_command(self, *command, **environment):
         answer = subprocess.run(command, env={**os.environ, **environment}, stdin=subprocess.DEVNULL, text=True,
-                                stdout=subprocess.PIPE, stderr=subprocess.STDOUT, timeout=LIMIT_S, check=False)
+                                stdout=subprocess.PIPE, stderr=subprocess.STDOUT, timeout=LIMIT_S, check=False,
+                                umask=0o077)
         self.assertEqual(answer.returncode, 0, answer.stdout)
         return answer.stdout
 
@@ -36,6 +37,7 @@ class Installed(DesktopTest):
         self.run_command(os.environ["KESTRUM_CMAKE"], "--install", BUILD, "--prefix", self.prefix)
         link, share = self.prefix / "bin" / "kestrum", self.prefix / "share"
         self.assertFalse(os.readlink(link).startswith("/"))
+        self.assertEqual({path.stat().st_mode & 0o777 for path in self.prefix.rglob("*") if path.is_dir()}, {0o755})
         program = self.start([link])
         self.wait_for_german_entry()
         end(program)
@@ -72,6 +74,8 @@ class Installed(DesktopTest):
                                         for name in ("Depends", "Recommends", "Version"))
         self.assertIn("libqt5widgets5", depends)
         self.assertIn("libcurl4", recommends)
+        folders = [line for line in self.run_command("dpkg-deb", "--contents", package).splitlines() if line[0] == "d"]
+        self.assertEqual({line.split()[0] for line in folders}, {"drwxr-xr-x"})
 
         state = self.prefix / "var" / "lib" / "dpkg"
         for folder in ("info", "updates"):
