@@ -13,6 +13,9 @@ namespace {
 
 using text::trimAscii;
 
+// A list of the most bytes that are read from a file may grow to this in UTF-8.
+constexpr std::size_t kMostTextBytes = std::size_t{2} * 1024 * 1024;
+
 /// What stands before the first of `marks`, and what stands behind it.
 std::pair<std::string_view, std::string_view> cutAt(std::string_view text, std::string_view marks)
 {
@@ -235,6 +238,7 @@ bool standsAlone(const ExpectedValue& value)
 
 ExpectedValues readExpectedValues(std::string_view text)
 {
+    text = text.substr(0, kMostTextBytes);
     Reader reader;
     for (std::size_t start = 0; start < text.size();) {
         const std::size_t end = std::min(text.find_first_of("\r\n", start), text.size());
