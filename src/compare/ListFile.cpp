@@ -3,25 +3,11 @@
 #include "io/ByteOrderMark.h"
 #include "io/IStreamFile.h"
 #include "text/Unicode.h"
+#include "text/Utf16.h"
 
 #include <algorithm>
 
 namespace quillon::compare {
-namespace {
-
-/// Puts the two halves of a character together where a wide one has room for it.
-void appendUnit(std::wstring& wide, int unit)
-{
-    const bool isSecondHalf = unit >= 0xDC00 && unit <= 0xDFFF;
-    if (sizeof(wchar_t) > 2 && isSecondHalf && !wide.empty() && wide.back() >= 0xD800 &&
-        wide.back() <= 0xDBFF)
-        wide.back() = static_cast<wchar_t>(0x10000 + ((wide.back() - 0xD800) << 10) + (unit - 0xDC00));
-    else
-        wide += static_cast<wchar_t>(unit);
-}
-
-} // namespace
-
 std::string textOfFile(std::string_view bytes)
 {
     const auto startsWithMark = [bytes](const io::ByteOrderMark& mark) {
@@ -38,7 +24,8 @@ std::string textOfFile(std::string_view bytes)
     for (std::size_t i = 0; i + 1 < bytes.size(); i += 2) {
         const auto first = static_cast<unsigned char>(bytes[i]);
         const auto second = static_cast<unsigned char>(bytes[i + 1]);
-        appendUnit(units, isBigEndian ? first << 8 | second : second << 8 | first);
+        text::appendUtf16Unit(units,
+                              static_cast<wchar_t>(isBigEndian ? first << 8 | second : second << 8 | first));
     }
     return text::utf8FromWide(units);
 }

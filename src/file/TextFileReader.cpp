@@ -4,6 +4,7 @@
 #include "io/ByteOrderMark.h"
 #include "platform/Files.h"
 #include "text/Unicode.h"
+#include "text/Utf16.h"
 
 #include <cerrno>
 #include <cstdint>
@@ -53,26 +54,13 @@ wchar_t unitAt(std::string_view bytes, std::size_t offset, int encoding) noexcep
     return static_cast<wchar_t>(encoding == kUtf16BigEndian ? first << 8 | second : second << 8 | first);
 }
 
-/// Appends a unit of UTF-16, as a character of its own or as the second half of the one before.
-void appendUnit(std::wstring& wide, wchar_t unit)
-{
-    if constexpr (sizeof(wchar_t) > sizeof(char16_t)) {
-        const bool isLow = unit >= 0xDC00 && unit <= 0xDFFF;
-        if (isLow && !wide.empty() && wide.back() >= 0xD800 && wide.back() <= 0xDBFF) {
-            wide.back() = static_cast<wchar_t>(0x10000 + ((wide.back() - 0xD800) << 10) + (unit - 0xDC00));
-            return;
-        }
-    }
-    wide += unit;
-}
-
 std::string utf8FromUtf16(std::string_view bytes, int encoding)
 {
     constexpr wchar_t kReplacement = 0xFFFD;
     std::wstring wide;
     wide.reserve(bytes.size() / 2 + 1);
     for (std::size_t offset = 0; offset + 1 < bytes.size(); offset += 2)
-        appendUnit(wide, unitAt(bytes, offset, encoding));
+        text::appendUtf16Unit(wide, unitAt(bytes, offset, encoding));
     if (bytes.size() % 2 != 0)
         wide += kReplacement;
     return text::utf8FromWide(wide);
