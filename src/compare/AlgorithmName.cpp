@@ -79,7 +79,9 @@ std::uint32_t algorithmNamed(std::string_view name)
 std::size_t algorithmNameLength(std::string_view text)
 {
     for (std::size_t length = std::min(text.size(), kLongestName); length > 0; --length) {
-        const bool endsWithTheWord = length == text.size() || !isLetterOrDigit(text[length]);
+        // A dot or a stroke makes it another name, of a file or an algorithm.
+        const bool endsWithTheWord =
+            length == text.size() || std::string_view(" \t:=-(").find(text[length]) != std::string_view::npos;
         if (endsWithTheWord && isLetterOrDigit(text[length - 1]) &&
             algorithmNamed(text.substr(0, length)) != 0)
             return length;

@@ -16,8 +16,8 @@ namespace quillon::platform {
 [[nodiscard]] std::vector<std::string> programArguments(int argc, const char* const* argv);
 
 /// Takes those names of the user's folders out of the environment that are no full names: they would count
-/// from whatever folder the program was started in, and the XDG Base Directory Specification has them
-/// ignored. Called before anybody asks for a folder, and before there is a second thread.
+/// from whatever folder the program was started in, and desktops ignore such names. Called before anybody
+/// asks for a folder, and before there is a second thread.
 void dropRelativeFolders();
 
 /// The full name of the running program's file in UTF-8, links resolved. Empty where the system does not say.
