@@ -8,6 +8,7 @@
 #include <algorithm>
 
 namespace quillon::compare {
+
 std::string textOfFile(std::string_view bytes)
 {
     const auto startsWithMark = [bytes](const io::ByteOrderMark& mark) {
