@@ -13,6 +13,33 @@ if(KESTRUM_SANITIZE)
     endif()
 endif()
 
+# Guards against what an attacker makes of a fault: they cost next to nothing. Checks of memory bounds need the
+# optimiser, and sanitizers bring their own. tests/guards/ looks for them in what was built.
+set(KESTRUM_GUARDED OFF)
+if(NOT KESTRUM_SANITIZE AND CMAKE_BUILD_TYPE MATCHES "^(Release|RelWithDebInfo|MinSizeRel)$")
+    set(KESTRUM_GUARDED ON)
+    add_compile_options(-fstack-protector-strong)
+    add_compile_definitions(_GLIBCXX_ASSERTIONS)
+    # A packager may ask for a higher level.
+    if(NOT CMAKE_CXX_FLAGS MATCHES "_FORTIFY_SOURCE")
+        add_compile_options(-U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2)
+    endif()
+    if(WIN32)
+        # As an archive, so that there is no further library to ship.
+        string(APPEND CMAKE_CXX_STANDARD_LIBRARIES " -l:libssp.a")
+    else()
+        # Not every processor has these.
+        include(CheckCXXCompilerFlag)
+        foreach(guard stack-clash-protection cf-protection)
+            check_cxx_compiler_flag(-f${guard} KESTRUM_HAS_${guard})
+            if(KESTRUM_HAS_${guard})
+                add_compile_options(-f${guard})
+            endif()
+        endforeach()
+        add_link_options(LINKER:-z,relro LINKER:-z,now LINKER:-z,noexecstack)
+    endif()
+endif()
+
 if(WIN32)
     set(KESTRUM_OS windows)
 else()
