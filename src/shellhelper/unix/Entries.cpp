@@ -149,6 +149,20 @@ std::string keyLine(std::string_view key, std::string_view value)
     return std::string(key).append("=").append(keyFileValue(value)).append("\n");
 }
 
+/// The line that hides an entry once its program is gone, for formats that know one: no removal of the
+/// program can take the entry out of all the homes.
+std::string tryExecLine(std::string_view program)
+{
+    return keyLine("TryExec", program);
+}
+
+/// Nemo's own form of it: a list, in which a semicolon parts two programs.
+std::string dependencyLine(std::string_view program)
+{
+    const auto form = [](char c) { return c == ';' ? std::string("\\;") : std::string{c}; };
+    return "Dependencies=" + mapped(keyFileValue(program), form) + '\n';
+}
+
 /// The Exec value of a desktop entry that takes one file. Readers look for the program before they take the
 /// double percent signs out and would not find it, so where it has any another one starts it.
 std::string execLine(std::string_view program)
@@ -181,8 +195,8 @@ std::string serviceMenu(const Entry& entry)
     return "[Desktop Entry]\n" + keyLine("Type", "Service") +
            keyLine("X-KDE-ServiceTypes", "KonqPopupMenu/Plugin") + keyLine("MimeType", "all/allfiles;") +
            keyLine("X-KDE-RequiredNumberOfUrls", "1") + keyLine("X-KDE-Priority", "TopLevel") +
-           keyLine("Actions", "open;") + keyLine(kMark, entry.id) + "\n[Desktop Action open]\n" +
-           keyLine("Name", entry.menuText) + keyLine("Icon", icon()) +
+           keyLine("Actions", "open;") + tryExecLine(entry.program) + keyLine(kMark, entry.id) +
+           "\n[Desktop Action open]\n" + keyLine("Name", entry.menuText) + keyLine("Icon", icon()) +
            keyLine("Exec", execLine(entry.program));
 }
 
@@ -191,8 +205,8 @@ std::string nemoAction(const Entry& entry)
     // Nemo splits the line as a shell would, and with Quote=single it puts the path into such quotes.
     return "[Nemo Action]\n" + keyLine("Name", percentDoubled(entry.menuText)) +
            keyLine("Exec", percentDoubled(shellQuoted(entry.program)) + " %F") + keyLine("Quote", "single") +
-           keyLine("Selection", "s") + keyLine("Extensions", "nodirs;") + keyLine("Icon-Name", icon()) +
-           keyLine(kMark, entry.id);
+           keyLine("Selection", "s") + keyLine("Extensions", "nodirs;") + dependencyLine(entry.program) +
+           keyLine("Icon-Name", icon()) + keyLine(kMark, entry.id);
 }
 
 std::string thunarAction(const Entry& entry, std::string_view origin)
@@ -239,8 +253,8 @@ std::string fileScript(const Entry& entry, std::string_view pathsVariable)
 std::string sendToEntry(std::string_view name, std::string_view program)
 {
     return "[Desktop Entry]\n" + keyLine("Type", "Application") + keyLine("Name", name) +
-           keyLine("Icon", icon()) + keyLine("Exec", execLine(program)) + keyLine("Terminal", "false") +
-           keyLine(kMark, "true");
+           keyLine("Icon", icon()) + tryExecLine(program) + keyLine("Exec", execLine(program)) +
+           keyLine("Terminal", "false") + keyLine(kMark, "true");
 }
 
 } // namespace quillon::shellhelper
