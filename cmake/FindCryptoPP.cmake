@@ -1,8 +1,12 @@
 # Finds Crypto++ under either of its names and makes the target CryptoPP::CryptoPP, whose headers are <cryptopp/...>.
 
 find_path(CryptoPP_INCLUDE_DIR NAMES cryptopp/cryptlib.h crypto++/cryptlib.h)
-# The archive first: of the shared library with its many symbols every start would pay for all, and use a few.
-find_library(CryptoPP_LIBRARY NAMES libcrypto++.a libcryptopp.a crypto++ cryptopp)
+if(KESTRUM_SHARED_CRYPTOPP)
+    find_library(CryptoPP_LIBRARY NAMES libcrypto++.so libcryptopp.so)
+else()
+    # The archive first: of the shared library with its many symbols every start would pay for all, and use a few.
+    find_library(CryptoPP_LIBRARY NAMES libcrypto++.a libcryptopp.a crypto++ cryptopp)
+endif()
 
 include(FindPackageHandleStandardArgs)
 find_package_handle_standard_args(CryptoPP REQUIRED_VARS CryptoPP_LIBRARY CryptoPP_INCLUDE_DIR)

@@ -1,12 +1,14 @@
-# What `cmake --install` puts where on Linux, and the Debian package that CPack makes of it.
+# What `cmake --install` puts where on Linux; debian/ packs the same files.
 
-# As in Debian's own packages. In a folder of "lib" itself CPack would take our library for a public one, and write
-# maintainer scripts that make it known to all programs.
+# As in Debian's own packages.
 if(CMAKE_LIBRARY_ARCHITECTURE AND NOT DEFINED CMAKE_INSTALL_LIBDIR)
     set(CMAKE_INSTALL_LIBDIR lib/${CMAKE_LIBRARY_ARCHITECTURE} CACHE PATH "Folder of the libraries")
 endif()
 include(GNUInstallDirs)
-
+# Where nobody says otherwise GNUInstallDirs takes the project's name, which has a capital.
+if(CMAKE_INSTALL_DOCDIR STREQUAL "${CMAKE_INSTALL_DATAROOTDIR}/doc/${PROJECT_NAME}")
+    set(CMAKE_INSTALL_DOCDIR ${CMAKE_INSTALL_DATAROOTDIR}/doc/kestrum)
+endif()
 
 # The program looks for its translations and for the desktop's helper in its own folder, so all three share one that
 # is theirs alone; a link leads there from the search path.
@@ -14,8 +16,6 @@ set(program_folder ${CMAKE_INSTALL_LIBDIR}/kestrum)
 set(linux_resources ${PROJECT_SOURCE_DIR}/resources/linux)
 set(generated ${PROJECT_BINARY_DIR}/CMakeFiles/install)
 set(id example.quillon.Kestrum)
-# Debian looks for them under the package's name, not the project's.
-set(documents ${CMAKE_INSTALL_DATADIR}/doc/kestrum)
 
 # CMake makes folders under the umask of the one who installs, so that nobody else might get at what is in them. What is
 # there already is left as it is.
@@ -23,11 +23,13 @@ set(icon_theme ${CMAKE_INSTALL_DATADIR}/icons/hicolor)
 set(icon_sizes 16 22 24 32 48 64 128 256)
 list(TRANSFORM icon_sizes REPLACE "(.+)" "${icon_theme}/\\1x\\1/apps" OUTPUT_VARIABLE icon_folders)
 set(folders ${CMAKE_INSTALL_BINDIR} ${program_folder}/languages ${CMAKE_INSTALL_DATADIR}/applications
-    ${CMAKE_INSTALL_DATADIR}/metainfo ${icon_folders} ${icon_theme}/scalable/apps ${CMAKE_INSTALL_MANDIR}/man1 ${documents})
+    ${CMAKE_INSTALL_DATADIR}/metainfo ${icon_folders} ${icon_theme}/scalable/apps ${icon_theme}/symbolic/apps
+    ${CMAKE_INSTALL_MANDIR}/man1 ${CMAKE_INSTALL_DOCDIR}/images)
 install(CODE "set(folders \"${folders}\")")
 install(CODE [[
     foreach(folder IN LISTS folders)
-        set(path $ENV{DESTDIR}${CMAKE_INSTALL_PREFIX}/${folder})
+        cmake_path(ABSOLUTE_PATH folder BASE_DIRECTORY ${CMAKE_INSTALL_PREFIX} OUTPUT_VARIABLE path)
+        string(PREPEND path "$ENV{DESTDIR}")
         set(missing)
         while(NOT EXISTS ${path})
             list(PREPEND missing ${path})
@@ -52,47 +54,23 @@ file(CREATE_LINK ${link_target} ${generated}/kestrum SYMBOLIC)
 install(FILES ${generated}/kestrum DESTINATION ${CMAKE_INSTALL_BINDIR})
 
 install(FILES ${linux_resources}/${id}.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
-install(FILES ${linux_resources}/${id}.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
+# The change log has the date of each version.
+file(STRINGS ${PROJECT_SOURCE_DIR}/CHANGELOG.md release REGEX "^## [0-9]" LIMIT_COUNT 1)
+if(NOT release MATCHES "^## ([0-9.]+) \\(([-0-9]+)\\)$" OR NOT PROJECT_VERSION VERSION_EQUAL CMAKE_MATCH_1)
+    message(FATAL_ERROR "The first version in CHANGELOG.md has to be ${PROJECT_VERSION}, with its date.")
+endif()
+set(release_date ${CMAKE_MATCH_2})
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/CHANGELOG.md)
+configure_file(${linux_resources}/${id}.metainfo.xml.in ${generated}/${id}.metainfo.xml @ONLY)
+install(FILES ${generated}/${id}.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
 foreach(size IN LISTS icon_sizes)
     install(FILES ${linux_resources}/icons/${size}.png DESTINATION ${icon_theme}/${size}x${size}/apps RENAME ${id}.png)
 endforeach()
 install(FILES ${PROJECT_SOURCE_DIR}/resources/svg/main.svg DESTINATION ${icon_theme}/scalable/apps RENAME ${id}.svg)
-
-# Installs a file compressed, as Debian wants its manual pages and change logs.
-function(install_compressed source folder)
-    get_filename_component(name ${source} NAME)
-    set(compressed ${generated}/${name}.gz)
-    execute_process(COMMAND gzip --best --no-name --stdout ${source} OUTPUT_FILE ${compressed}
-        COMMAND_ERROR_IS_FATAL ANY)
-    set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${source})
-    install(FILES ${compressed} DESTINATION ${folder})
-endfunction()
+install(FILES ${PROJECT_SOURCE_DIR}/resources/svg/main-symbolic.svg
+    DESTINATION ${icon_theme}/symbolic/apps RENAME ${id}-symbolic.svg)
 
 configure_file(${linux_resources}/kestrum.1.in ${generated}/kestrum.1 @ONLY)
-install_compressed(${generated}/kestrum.1 ${CMAKE_INSTALL_MANDIR}/man1)
-install_compressed(${linux_resources}/changelog ${documents})
-install(FILES ${linux_resources}/copyright DESTINATION ${documents})
-
-set(CPACK_GENERATOR DEB)
-set(CPACK_PACKAGE_NAME kestrum)
-set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
-set(CPACK_PACKAGE_CONTACT "The Kestrum authors <support@quillon.example>")
-set(CPACK_PACKAGE_HOMEPAGE_URL https://kestrum.quillon.example/)
-set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "computes the digest of one file at a time")
-set(CPACK_PACKAGE_DESCRIPTION
-    "Kestrum is a desktop program that computes the digest of a file with one of\n\
-32 hash and checksum algorithms and shows it as hexadecimal and as Base64\n\
-text, ready to copy. While it runs it shows how far it is and how long it will\n\
-still take. It offers itself in the context menu of the file managers.")
-set(CPACK_STRIP_FILES ON)
-set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_LIST_DIR}/PackedFolders.cmake)
-set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
-set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
-set(CPACK_DEBIAN_PACKAGE_SECTION utils)
-set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
-set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# Loaded or called at run time, where they are there, so that no dependency shows. The plug-ins know the proxy of GNOME
-# and of KDE.
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS
-    "hicolor-icon-theme, libcurl4, libproxy1v5, libproxy1-plugin-gsettings, libproxy1-plugin-kconfig, qtwayland5, xdg-utils")
-include(CPack)
+install(FILES ${generated}/kestrum.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+install(FILES CHANGELOG.md docs/user-guide.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(DIRECTORY docs/images DESTINATION ${CMAKE_INSTALL_DOCDIR})

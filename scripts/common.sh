@@ -56,3 +56,11 @@ build() {
     }
     cmake --build "$ROOT/build/$preset" >&2
 }
+
+# What is packed says when its source was written, not when it was packed: so two packings give the same bytes.
+set_source_date() {
+    export SOURCE_DATE_EPOCH TZ=UTC LC_ALL=C.UTF-8
+    [ -n "${SOURCE_DATE_EPOCH:-}" ] || SOURCE_DATE_EPOCH=$(git -C "$ROOT" log -1 --format=%ct 2>/dev/null) ||
+        SOURCE_DATE_EPOCH=$(stat -c %Y "$ROOT/CHANGELOG.md")
+    umask 022
+}
