@@ -61,6 +61,11 @@ if(NOT release MATCHES "^## ([0-9.]+) \\(([-0-9]+)\\)$" OR NOT PROJECT_VERSION V
 endif()
 set(release_date ${CMAKE_MATCH_2})
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/CHANGELOG.md)
+# With the archive a part of Crypto++ is a part of the program.
+set(project_license "MIT AND BSL-1.0")
+if(KESTRUM_SHARED_CRYPTOPP)
+    set(project_license "MIT")
+endif()
 configure_file(${linux_resources}/${id}.metainfo.xml.in ${generated}/${id}.metainfo.xml @ONLY)
 install(FILES ${generated}/${id}.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
 foreach(size IN LISTS icon_sizes)
