@@ -2,6 +2,7 @@
 #include "app/StartLanguage.h"
 #include "i18n_qt/MyTranslator.h"
 #include "platform/Process.h"
+#include "platform/RuntimeLibrary.h"
 #include "ui/Appearance.h"
 #include "vars/Product.h"
 
@@ -44,6 +45,7 @@ void prepareToolkit()
 
 int main(int argc, char* argv[])
 {
+    quillon::platform::restrictLibrarySearch();
     quillon::platform::dropRelativeFolders();
     setIdentity();
     loadStartLanguage();

@@ -15,11 +15,17 @@ struct RuntimeLibraryCloser
 /// A library that was loaded by name while the program runs, and is given back by its owner.
 using RuntimeLibrary = std::unique_ptr<void, RuntimeLibraryCloser>;
 
+/// From now on libraries that are named without a folder come from the program's own folder and the system's
+/// only, so that none that somebody has put into the current folder or the search path is loaded. To be
+/// called first of all. On Unix the loader never looks there.
+void restrictLibrarySearch();
+
 /// The file name of the library called `name`, as the system spells it.
 [[nodiscard]] std::string runtimeLibraryFileName(const std::string& name);
 
 /// Loads the library with the UTF-8 name `path`; a name without a folder is looked for in the system's usual
-/// places. On failure `library` stays as it is, and the answer is {1, number of the system}.
+/// places, on Windows after the program's folder. On failure `library` stays as it is, and the answer is {1,
+/// number of the system}.
 err::ResultCode loadRuntimeLibrary(const std::string& path, RuntimeLibrary& library);
 
 /// The same for who needs no reason; empty where there is none.

@@ -26,6 +26,8 @@ err::ResultCode whyNotLoaded(const std::string& path)
 
 } // namespace
 
+void restrictLibrarySearch() {}
+
 void RuntimeLibraryCloser::operator()(void* library) const noexcept
 {
     dlclose(library);

@@ -4,6 +4,7 @@
 
 #include <windows.h>
 
+#include <filesystem>
 #include <utility>
 
 namespace quillon::platform {
@@ -14,7 +15,15 @@ HMODULE moduleOf(const RuntimeLibrary& library)
     return static_cast<HMODULE>(library.get());
 }
 
+/// Where libraries come from: nothing else is trusted.
+constexpr DWORD kTrustedFolders = LOAD_LIBRARY_SEARCH_APPLICATION_DIR | LOAD_LIBRARY_SEARCH_SYSTEM32;
+
 } // namespace
+
+void restrictLibrarySearch()
+{
+    SetDefaultDllDirectories(kTrustedFolders);
+}
 
 void RuntimeLibraryCloser::operator()(void* library) const noexcept
 {
@@ -28,9 +37,10 @@ std::string runtimeLibraryFileName(const std::string& name)
 
 err::ResultCode loadRuntimeLibrary(const std::string& path, RuntimeLibrary& library)
 {
-    const std::wstring name = text::wideFromUtf8(path);
-    // Libraries that this one needs are looked for beside it, not beside whatever the process started in.
-    RuntimeLibrary loaded(LoadLibraryExW(name.c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH));
+    const std::filesystem::path name = std::filesystem::path(text::wideFromUtf8(path)).make_preferred();
+    // Libraries that one with a folder needs are looked for beside it, too.
+    const DWORD folders = kTrustedFolders | (name.is_absolute() ? LOAD_LIBRARY_SEARCH_DLL_LOAD_DIR : 0);
+    RuntimeLibrary loaded(LoadLibraryExW(name.c_str(), nullptr, folders));
     if (!loaded)
         return err::systemError(GetLastError());
     library = std::move(loaded);
