@@ -15,12 +15,13 @@ project_version() { sed -n 's/^CMAKE_PROJECT_VERSION:[A-Z]*=//p' "$ROOT/build/wi
 
 # use_wine FOLDER: makes FOLDER the Wine prefix of this script, ready for use, with a server that ends with it.
 use_wine() {
-    export WINEPREFIX=$1 WINEDEBUG=${WINEDEBUG:--all} WINEDLLOVERRIDES=mscoree,mshtml=
+    export WINEPREFIX=$1 WINEDEBUG=${WINEDEBUG:--all} WINEDLLOVERRIDES="winemenubuilder.exe,mscoree,mshtml="
     wine=$(PATH=$PATH:/usr/lib/wine command -v wine64) || die "Wine is not installed."
     wineserver=$(PATH=$PATH:/usr/lib/wine command -v wineserver) || die "Wine has no server here."
-    mkdir -p "$WINEPREFIX"
+    # Wine makes links to the home that it is prepared in; the desktop of a test is not the user's.
+    mkdir -p "$WINEPREFIX/home"
     say "Preparing Wine"
-    "$wine" wineboot --init >/dev/null 2>&1 || die "Wine could not be prepared."
+    HOME=$WINEPREFIX/home "$wine" wineboot --init >/dev/null 2>&1 || die "Wine could not be prepared."
 }
 
 # Packs the zip and prints its name.

@@ -2,18 +2,20 @@
 # Usage: scripts/windows/package.sh
 #
 # Builds the program for 64-bit Windows and packs build/Kestrum-<version>-win64.zip: the program, its translations,
-# its libraries and plug-ins, the licences of what is shipped and a short readme. KESTRUM_WINDOWS_SYSROOT names the libraries.
+# its libraries and plug-ins, the licences and an SPDX list of what is shipped and a short readme. Beside it comes
+# build/Kestrum-<version>-win64-setup.exe, which installs the same files. KESTRUM_WINDOWS_SYSROOT names the libraries.
 
 source "$(dirname "${BASH_SOURCE[0]}")/../common.sh"
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
 install_packages build windows
 require_sysroot
+set_source_date
 build windows
 
 name=Kestrum-$(project_version)-win64
 stage=$ROOT/build/$name
-rm -rf "$stage" "$stage.zip"
+rm -rf "$stage" "$stage.zip" "$stage-setup.exe"
 mkdir -p "$stage"/{platforms,styles,imageformats,licences}
 
 # The names of the libraries that the given programs ask for and that the prefix has, with theirs in turn.
@@ -59,6 +61,31 @@ for text in GPL-2 GPL-3 LGPL-2.1 LGPL-3; do
 done
 sed "s/@VERSION@/$(project_version)/; s/\$/\r/" "$ROOT/resources/windows/readme.txt" >"$stage/readme.txt"
 
-(cd "$ROOT/build" && zip -q -r -X "$name.zip" "$name")
+"$ROOT/scripts/windows/spdx.sh" "$(project_version)" >"$stage/licences/spdx.txt"
+find "$stage" -exec touch --date="@$SOURCE_DATE_EPOCH" {} +
+
+# The zip takes files in the order that it is told.
+(cd "$ROOT/build" && find "$name" | sort | zip -q -X -@ "$name.zip")
+
+# Writes what the setup program does to each file and each folder, and to the folders in the end.
+setup_lists() {
+    local folder file
+    (cd "$stage" && find . -type d -printf '%P\n' | sort) | while read -r folder; do
+        printf 'SetOutPath "$INSTDIR\\%s"\n' "${folder//\//\\}" >>"$1/install.nsh"
+        (cd "$stage" && find "./$folder" -maxdepth 1 -type f -printf '%f\n' | sort) | while read -r file; do
+            printf 'File "%s"\n' "$stage/$folder/$file" >>"$1/install.nsh"
+            printf 'Delete "$INSTDIR\\%s%s"\n' "${folder:+${folder//\//\\}\\}" "$file" >>"$1/remove.nsh"
+        done
+    done
+    (cd "$stage" && find . -mindepth 1 -type d -printf '%P\n' | sort -r) |
+        sed 's|/|\\|g; s|.*|RMDir "$INSTDIR\\&"|' >>"$1/remove.nsh"
+}
+
+lists=$(mktemp -d)
+trap 'rm -rf "$lists"' EXIT
+setup_lists "$lists"
+makensis -V2 -WX -INPUTCHARSET UTF8 -DVERSION="$(project_version)" -DSTAGE="$stage" -DLISTS="$lists" \
+    -DSIZE="$(du --apparent-size -sk "$stage" | cut -f 1)" -DOUTPUT="$stage-setup.exe" \
+    "$ROOT/resources/windows/setup.nsi" >&2
 rm -rf "$stage"
-printf '%s\n' "$stage.zip"
+printf '%s\n' "$stage-setup.exe" "$stage.zip"

@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # Usage: scripts/windows/test.sh
 #
-# Builds the program and its tests for 64-bit Windows, runs all unit and widget tests under Wine, then packs the zip
-# and drives the program unpacked from it. KESTRUM_WINDOWS_SYSROOT names the libraries.
+# Builds the program and its tests for 64-bit Windows, runs all unit and widget tests under Wine, then packs zip
+# and setup program, and drives the program unpacked from the one and installed by the other. KESTRUM_WINDOWS_SYSROOT names the libraries.
 
 source "$(dirname "${BASH_SOURCE[0]}")/../common.sh"
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
@@ -22,6 +22,6 @@ unset WINEPATH QT_PLUGIN_PATH
 zip=$(package_zip)
 say "Testing the program from $(basename "$zip")"
 cd "$ROOT/tests/e2e/windows"
-KESTRUM_ZIP=$zip KESTRUM_WINE=$wine KESTRUM_WINESERVER=$wineserver KESTRUM_PROGRAM=kestrum.exe \
+KESTRUM_ZIP=$zip KESTRUM_SETUP=${zip%.zip}-setup.exe KESTRUM_WINE=$wine KESTRUM_WINESERVER=$wineserver KESTRUM_PROGRAM=kestrum.exe \
     KESTRUM_E2E_PICTURES=$ROOT/build/windows/pictures \
-    python3 -B -m unittest --verbose test_zip
+    python3 -B -m unittest --verbose test_zip test_setup

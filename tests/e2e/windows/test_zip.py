@@ -1,23 +1,16 @@
 # The Windows program from its zip, under Wine: unpacked, started, driven by real keys and mouse.
 #
-# KESTRUM_ZIP names the zip, KESTRUM_WINE and KESTRUM_WINESERVER the programs that run it; WINEPREFIX is ready for use.
+# KESTRUM_ZIP names the zip.
 
 import os
-import pathlib
-import re
 import socket
-import sys
 import zipfile
 
-sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1]))
+from wine import LINK, MENU_ENTRIES, WINE, WineTest
 
-from desktop import CONTENT, LIMIT_S, TITLE, DesktopTest, hex_digest  # noqa: E402
+from desktop import LIMIT_S, TITLE, hex_digest
 
-WINE = os.environ["KESTRUM_WINE"]
-SETTINGS = r"HKCU\Software\Quillon.example\Kestrum"
-MENU_ENTRIES = r"HKCU\Software\Classes\*\shell"
 LOG = "Quillon.example/Kestrum/kestrum.log"
-LINK = "Microsoft/Windows/SendTo/Kestrum.lnk"
 # Where a menu of the main window stands under Wine, and what chooses an entry in it.
 MENU_HASH = (56, 11)
 SELECT_ALGORITHM = ("Down", "Down", "Down", "Return")
@@ -25,52 +18,13 @@ GREEK = 1032
 DEBUG = 5
 
 
-class ZipTest(DesktopTest):
+class ZipTest(WineTest):
     def setUp(self):
         super().setUp()
-        self.environment.update(WINEPREFIX=os.environ["WINEPREFIX"], WINEDEBUG="-all")
-        del self.environment["QT_QPA_PLATFORM"]  # names a plug-in of the other system
-        # A server of former programs would keep their display, or that they had none.
-        self.end_wine()
-        self.addCleanup(self.end_wine)
         home = self.folder / "Zoë Ñandú 文件"
         with zipfile.ZipFile(os.environ["KESTRUM_ZIP"]) as archive:
             archive.extractall(home)
         (self.home,) = home.iterdir()
-        self.path = home / "résumé 'Größe' & 計算 (1).bin"
-        self.path.write_bytes(CONTENT)
-        self.ask(WINE, "reg", "delete", SETTINGS, "/f")
-        self.set_values(WhatCopyToClipboard=2)
-
-    def end_wine(self):
-        self.ask(os.environ["KESTRUM_WINESERVER"], "--kill")
-        self.ask(os.environ["KESTRUM_WINESERVER"], "--wait")
-
-    def set_values(self, **values):
-        for name, value in values.items():
-            kind = "REG_SZ" if isinstance(value, str) else "REG_DWORD"
-            self.ask(WINE, "reg", "add", SETTINGS, "/v", name, "/t", kind, "/d", str(value), "/f")
-
-    def has_number(self, name, value):
-        return re.search(rf"\b{name}\s+REG_DWORD\s+{value:#x}\s", self.ask(WINE, "reg", "query", SETTINGS))
-
-    def user_files(self, name):
-        users = pathlib.Path(os.environ["WINEPREFIX"]) / "drive_c" / "users"
-        return list(users.glob("*/AppData/Roaming/" + name))
-
-    def start_program(self, *arguments):
-        process = self.start([WINE, "kestrum.exe", *arguments], cwd=self.home)
-        self.focus()
-        return process
-
-    # Presses the key again until that has come true, as a window of Wine that has just opened may miss it.
-    def press_until(self, key, condition, what):
-        self.wait_for(lambda: self.key(key) or condition(), what)
-
-    def close_program(self, process):
-        self.focus()
-        self.press_until("alt+F4", lambda: process.poll() is not None, "the program's end")
-        self.assertEqual(process.returncode, 0)
 
     def open_dialog(self, keys, title):
         self.xdotool("mousemove", "--window", self.focus(), *MENU_HASH, "click", 1)
