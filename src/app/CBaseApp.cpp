@@ -54,6 +54,7 @@ CBaseApp::CBaseApp()
     : m_locale(loadedLocale())
 {
     logger::getLogSender()->setLevel(logger::ELogLevel::Off);
+    followLoadedTexts();
 }
 
 CBaseApp::~CBaseApp()

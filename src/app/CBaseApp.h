@@ -27,7 +27,8 @@ class CBaseApp : public i18n::internal::ILocaleProvider<char>,
                  public i18n::internal::ITranslationListProvider<char>
 {
 public:
-    /// Takes over the language that is loaded, and silences the log.
+    /// Takes over the language that is loaded, with the direction in which it is written, and silences the
+    /// log. Made behind the translator, whose installation resets the direction.
     CBaseApp();
 
     /// Silences the log, closes the log file and gives the process's log sender back. Nobody may log
@@ -92,13 +93,15 @@ public:
 protected:
     using Locale = i18n::internal::Locale<char>;
 
-    /// Loads the texts of `locale` and makes it the current one, without a word to the listeners and to the
-    /// settings. False, and nothing changed, where its texts cannot be loaded.
+    /// Loads the texts of `locale`, makes it the current one and turns the windows as it is written, without
+    /// a word to the listeners and to the settings. False, and nothing changed, where its texts cannot be
+    /// loaded.
     [[nodiscard]] bool loadLocale(const Locale& locale);
 
 private:
     // In CBaseAppLocale.cpp
     [[nodiscard]] static bool loadTexts(const std::string& language, const std::string& country);
+    void followLoadedTexts();
 
     // In CBaseAppProxy.cpp
     [[nodiscard]] QVariant decodedPassword(const QVariant& stored) const;

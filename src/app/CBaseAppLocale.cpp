@@ -5,6 +5,7 @@
 #include "settings/CAppSettings.h"
 #include "settings/SettingsKeys.h"
 #include "text/AsciiText.h"
+#include "ui/TextDirection.h"
 
 #include <algorithm>
 #include <iterator>
@@ -25,8 +26,8 @@ struct UsualCountry
 
 /// For other languages, the first country of the locale catalogue is the usual one.
 constexpr UsualCountry kUsualCountries[] = {
-    {"en", "US"}, {"el", "GR"}, {"de", "DE"}, {"fr", "FR"},
-    {"es", "ES"}, {"it", "IT"}, {"pt", "PT"}, {"ru", "RU"},
+    {"en", "US"}, {"el", "GR"}, {"de", "DE"}, {"fr", "FR"}, {"es", "ES"}, {"it", "IT"},   {"pt", "PT"},
+    {"ru", "RU"}, {"ar", "SA"}, {"hr", "HR"}, {"nl", "NL"}, {"sv", "SE"}, {"zh", "Hans"},
 };
 
 /// Empty for a language that no locale has.
@@ -65,7 +66,16 @@ bool CBaseApp::loadLocale(const Locale& locale)
     if (!loadTexts(locale.languageCode, locale.countryCode))
         return false;
     m_locale.set(locale);
+    followLoadedTexts();
     return true;
+}
+
+/// A language whose texts are not there is shown in English.
+void CBaseApp::followLoadedTexts()
+{
+    const auto& texts = i18n::getStrBundleMgr();
+    const Locale shown = texts.getItemCount() > 0 ? m_locale.get() : i18n::getDefaultLocale();
+    followDirectionOf(shown.languageCode);
 }
 
 /// Loads the texts of a language, or leaves those of the former one.

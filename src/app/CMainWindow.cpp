@@ -13,6 +13,7 @@
 #include "ui/CProgressBarFrame.h"
 #include "ui/CSelectAlgFrame.h"
 #include "ui/CSelectAlgorithmDialog.h"
+#include "ui/TextDirection.h"
 #include "vars/Product.h"
 
 #include <QApplication>
@@ -60,6 +61,7 @@ CMainWindow::CMainWindow(QWidget* parent)
     m_shellIntegration.init();
     setFonts();
     alignTexts();
+    orientTexts();
     createCompareAction();
     connectActions();
     connectInputs();
@@ -138,6 +140,20 @@ void CMainWindow::alignTexts()
     QTextEdit& details = *m_ui->textEditInputFileDetails;
     details.document()->setDocumentMargin(kEdge);
     details.setMinimumHeight(kDetailLines * details.fontMetrics().lineSpacing() + 2 * kEdge);
+}
+
+/// Paths and digests are read from left to right in every language.
+void CMainWindow::orientTexts()
+{
+    m_ui->lineEditInput->setLayoutDirection(Qt::LeftToRight);
+    showLeftToRight(*m_ui->plainTextEditHashHex);
+    showLeftToRight(*m_ui->plainTextEditHashBase64);
+    turnIcons();
+}
+
+void CMainWindow::turnIcons()
+{
+    m_ui->actionFile_Exit->setIcon(pointingIcon(QStringLiteral(":/kestrum/exit.ico")));
 }
 
 void CMainWindow::connectActions()

@@ -128,6 +128,8 @@ private:
     void setDropTargets();
     void setFonts();
     void alignTexts();
+    void orientTexts();
+    void turnIcons();
     void connectActions();
     void connectInputs();
     void connectWorker();

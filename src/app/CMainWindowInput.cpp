@@ -5,6 +5,7 @@
 #include "platform/qt/UserPlaces.h"
 #include "ui/CProgressBarFrame.h"
 #include "ui/FileDetails.h"
+#include "ui/TextDirection.h"
 
 #include <QDesktopServices>
 #include <QDir>
@@ -94,7 +95,7 @@ void CMainWindow::nameDigestFile(const QString& path)
     const auto kPlain = QStringLiteral("<span style=\"white-space: pre\">%1</span>"); // no HTML by its looks
     for (QWidget* widget : std::initializer_list<QWidget*>{
              m_ui->labelResultCaption, m_ui->plainTextEditHashHex, m_ui->plainTextEditHashBase64}) {
-        widget->setToolTip(path.isEmpty() ? path : kPlain.arg(path.toHtmlEscaped()));
+        widget->setToolTip(path.isEmpty() ? path : kPlain.arg(isolated(path.toHtmlEscaped())));
         widget->setAccessibleDescription(path);
     }
 }

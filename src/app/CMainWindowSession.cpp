@@ -14,6 +14,7 @@
 #include "text/AsciiText.h"
 #include "ui/CProgressBarFrame.h"
 #include "ui/CSelectAlgFrame.h"
+#include "ui/TextDirection.h"
 
 #include <QClipboard>
 #include <QCoreApplication>
@@ -190,7 +191,8 @@ void CMainWindow::onUiHashCalculationStarted()
     m_taskbarProgress->setValue(0);
     const SHashData session = m_hashData.get();
     m_progressFrame->setProgress(algorithmText(session.algorithm) +
-                                     tr("%1% processed").arg(QStringLiteral("0.000")) + QStringLiteral("."),
+                                     tr("%1% processed").arg(isolated(QStringLiteral("0.000"))) +
+                                     QStringLiteral("."),
                                  0.0F);
     m_progressFrame->setProgressBarVisible(true);
     m_progressFrame->show();
@@ -215,8 +217,9 @@ void CMainWindow::onUiHashCalculationProgressChanged()
     else
         remaining = tr("Remaining time: %1 seconds").arg(seconds);
     const QString percent = QString::asprintf("%.3f", static_cast<double>(session.percent));
-    m_progressFrame->setProgress(algorithmText(session.algorithm) + tr("%1% processed").arg(percent) +
-                                     QStringLiteral(". ") + remaining + QStringLiteral(". "),
+    m_progressFrame->setProgress(algorithmText(session.algorithm) +
+                                     tr("%1% processed").arg(isolated(percent)) + QStringLiteral(". ") +
+                                     remaining + QStringLiteral(". "),
                                  session.percent);
     m_taskbarProgress->setValue(static_cast<int>(session.percent));
 }
@@ -287,7 +290,8 @@ void CMainWindow::showSuccess()
         const QString path = QFileInfo(QString::fromStdString(session.fileName)).absoluteFilePath();
         const QString name = QFileInfo(path).fileName();
         const QString& shown = name == QFileInfo(inputFileName()).fileName() ? path : name;
-        text += QStringLiteral(": ") + fontMetrics().elidedText(shown, Qt::ElideMiddle, width() / 2);
+        text +=
+            QStringLiteral(": ") + isolated(fontMetrics().elidedText(shown, Qt::ElideMiddle, width() / 2));
         nameDigestFile(path);
     }
     if (session.fileChanged)
@@ -381,12 +385,12 @@ void CMainWindow::updateResultCaption()
     QString caption = tr("Calculated hash for the file");
     if (isResultOf(session))
         caption = tr("Calculated hash for the file (%1)")
-                      .arg(QString::fromStdString(getAlgorithmName(session.algorithm)));
+                      .arg(isolated(QString::fromStdString(getAlgorithmName(session.algorithm))));
     m_ui->labelResultCaption->setText(caption);
 }
 
 /// The algorithm's name as the status line begins with it.
 QString CMainWindow::algorithmText(const SHashAlgId& id) const
 {
-    return QString::fromStdString(getAlgorithmName(id)) + QStringLiteral(". ");
+    return isolated(QString::fromStdString(getAlgorithmName(id))) + QStringLiteral(". ");
 }

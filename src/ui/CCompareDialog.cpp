@@ -6,6 +6,7 @@
 #include "compare/ListFile.h"
 #include "crypto/HashCatalogue.h"
 #include "err/ErrorText.h"
+#include "ui/TextDirection.h"
 
 #include <QAccessible>
 #include <QClipboard>
@@ -90,6 +91,7 @@ CCompareDialog::CCompareDialog(const compare::CalculatedValue& calculated, bool 
     for (QWidget* widget : std::initializer_list<QWidget*>{
              m_ui->plainTextEditCalculated, m_ui->plainTextEditExpected, m_ui->labelDifference})
         widget->setFont(digits);
+    orientTexts();
     constexpr int kLines = 4;
     m_ui->plainTextEditCalculated->setFixedHeight(kLines *
                                                   m_ui->plainTextEditCalculated->fontMetrics().lineSpacing());
@@ -179,6 +181,17 @@ void CCompareDialog::showAnswer(const Comparison& comparison)
         showDifference(comparison.value.digits);
 }
 
+/// Digests and paths are read from left to right in every language; so is the table of two digests.
+void CCompareDialog::orientTexts()
+{
+    m_ui->lineEditFile->setLayoutDirection(Qt::LeftToRight);
+    m_ui->labelDifference->setLayoutDirection(Qt::LeftToRight);
+    showLeftToRight(*m_ui->plainTextEditCalculated);
+    showLeftToRight(*m_ui->plainTextEditExpected);
+    if (isRightToLeft()) // a name stays beside its label
+        m_ui->lineEditAlgorithm->setAlignment(Qt::AlignRight);
+}
+
 void CCompareDialog::showSentence(QStyle::StandardPixmap icon, const QString& sentence)
 {
     const int size = style()->pixelMetric(QStyle::PM_LargeIconSize);
@@ -230,7 +243,7 @@ QStyle::StandardPixmap CCompareDialog::iconFor(Answer answer) const
 
 QString CCompareDialog::sentenceFor(const Comparison& comparison) const
 {
-    const QString ours = nameOf(m_calculated.algorithm);
+    const QString ours = isolated(nameOf(m_calculated.algorithm));
     switch (comparison.answer) {
     case Answer::Unread:
         return tr("No hash value was recognised.");
@@ -271,7 +284,7 @@ QString CCompareDialog::remarksFor(const Comparison& comparison) const
             "standard get other values."));
     if (comparison.isOfOtherName)
         add(tr("The value stands beside the name %1.")
-                .arg(harmless(QString::fromStdString(comparison.value.fileName))));
+                .arg(isolated(harmless(QString::fromStdString(comparison.value.fileName)))));
     return remarks;
 }
 
@@ -279,11 +292,12 @@ QString CCompareDialog::remarksFor(const Comparison& comparison) const
 QString CCompareDialog::algorithmNames(const Comparison& comparison) const
 {
     if (comparison.algorithms.empty())
-        return harmless(QString::fromStdString(comparison.value.algorithmName));
+        return isolated(harmless(QString::fromStdString(comparison.value.algorithmName)));
     QStringList names;
     for (const std::uint32_t algorithm : comparison.algorithms)
         names += nameOf(algorithm);
     const QString likeliest = names.takeFirst();
-    return names.isEmpty() ? likeliest
-                           : likeliest + QStringLiteral(" (%1)").arg(names.join(QStringLiteral(", ")));
+    return isolated(names.isEmpty()
+                        ? likeliest
+                        : likeliest + QStringLiteral(" (%1)").arg(names.join(QStringLiteral(", "))));
 }

@@ -41,6 +41,7 @@ private slots:
     void onUiCalculate();
 
 private:
+    void orientTexts();
     void showAnswer(const quillon::compare::Comparison& comparison);
     void showSentence(QStyle::StandardPixmap icon, const QString& sentence);
     void offerCalculation(const std::vector<std::uint32_t>& algorithms);

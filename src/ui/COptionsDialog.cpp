@@ -44,6 +44,7 @@ COptionsDialog::COptionsDialog(QWidget* parent)
     setWindowFlags(windowFlags() & ~Qt::WindowContextHelpButtonHint);
     m_ui->labelAppIcon->setPixmap(windowIcon().pixmap(m_ui->labelAppIcon->maximumSize()));
     m_textPalette = m_ui->lineEditNetworkLogs->palette();
+    orientTexts();
     createLists();
     connectControls();
     connectJobs();
@@ -62,6 +63,14 @@ thisapp::SAppOptions COptionsDialog::initialOptions()
     options.logLevel = static_cast<std::int32_t>(logger::ELogLevel::Off);
     options.fontSize = kFontSize;
     return options;
+}
+
+/// Paths, addresses and what is typed for them are read from left to right in every language.
+void COptionsDialog::orientTexts()
+{
+    for (QLineEdit* edit : {m_ui->lineEditLogFile, m_ui->lineEditProxyAddress, m_ui->lineEditProxyPort,
+                            m_ui->lineEditProxyLogin, m_ui->lineEditProxyPassword})
+        edit->setLayoutDirection(Qt::LeftToRight);
 }
 
 void COptionsDialog::createLists()

@@ -138,6 +138,7 @@ private:
 
     // Form, in COptionsDialog.cpp
     [[nodiscard]] static thisapp::SAppOptions initialOptions();
+    void orientTexts();
     void createLists();
     void fitShortcutTable();
     void connectControls();

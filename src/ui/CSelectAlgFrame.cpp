@@ -6,6 +6,29 @@
 
 #include <QKeyEvent>
 #include <QListWidget>
+#include <QRegularExpression>
+
+namespace {
+
+/// A style sheet for a layout from right to left. The toolkit turns positions, but neither paddings nor
+/// borders.
+QString mirrored(const QString& sheet)
+{
+    static const QRegularExpression side(QStringLiteral("(left|right)(?=[-:])")); // in a property's name
+    static const QRegularExpression fourSides(QStringLiteral("(: \\S+) (\\S+) (\\S+) (\\S+);"));
+    QString turned;
+    int end = 0;
+    for (auto matches = side.globalMatch(sheet); matches.hasNext();) {
+        const QRegularExpressionMatch match = matches.next();
+        turned += sheet.mid(end, match.capturedStart() - end);
+        turned += match.captured() == QLatin1String("left") ? QLatin1String("right") : QLatin1String("left");
+        end = match.capturedEnd();
+    }
+    turned += sheet.mid(end);
+    return turned.replace(fourSides, QStringLiteral("\\1 \\4 \\3 \\2;"));
+}
+
+} // namespace
 
 CSelectAlgFrame::CSelectAlgFrame(QWidget* parent)
     : QFrame(parent)
@@ -19,6 +42,8 @@ CSelectAlgFrame::CSelectAlgFrame(QWidget* parent)
     // Styles whose combo boxes open like a menu switch this off, but a list of limited height needs it.
     m_listView->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     m_ui->comboBoxSelectAlg->installEventFilter(this);
+    m_sheet = m_ui->comboBoxSelectAlg->styleSheet();
+    orient();
 }
 
 CSelectAlgFrame::~CSelectAlgFrame() = default;
@@ -35,6 +60,18 @@ bool CSelectAlgFrame::eventFilter(QObject* watched, QEvent* event)
     if (isShortcut)
         event->ignore();
     return isShortcut;
+}
+
+void CSelectAlgFrame::changeEvent(QEvent* event)
+{
+    QFrame::changeEvent(event);
+    if (event->type() == QEvent::LayoutDirectionChange)
+        orient();
+}
+
+void CSelectAlgFrame::orient()
+{
+    m_ui->comboBoxSelectAlg->setStyleSheet(isRightToLeft() ? mirrored(m_sheet) : m_sheet);
 }
 
 void CSelectAlgFrame::reloadAlgorithms()

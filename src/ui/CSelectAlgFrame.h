@@ -37,9 +37,13 @@ public:
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
+    void orient();
+
     std::unique_ptr<Ui_CSelectAlgFrame> m_ui;
     const thisapp::IHashAlgProvider* m_provider = nullptr;
     QListWidget* m_listView = nullptr;
+    QString m_sheet; ///< of the form, for a layout from left to right
 };

@@ -2,6 +2,8 @@
 
 #include "ui_CkeyboardShortcutInfoDialog.h"
 
+#include "ui/TextDirection.h"
+
 #include <QCoreApplication>
 
 namespace {
@@ -47,8 +49,8 @@ QString CkeyboardShortcutInfoDialog::shortcutsHtml()
         tr("This is a list of keyboard shortcuts in %1.").arg(QCoreApplication::applicationName()) +
         QStringLiteral("<br/><br/>");
     for (const Shortcut& shortcut : kShortcuts) {
-        html += QStringLiteral("<b>") + QString::fromLatin1(shortcut.key) + QStringLiteral("</b> - ") +
-                tr(shortcut.description) + QStringLiteral("<br/>");
+        html += QStringLiteral("<b>") + isolated(QString::fromLatin1(shortcut.key)) +
+                QStringLiteral("</b> - ") + tr(shortcut.description) + QStringLiteral("<br/>");
     }
     return html + QStringLiteral("</body></html>");
 }

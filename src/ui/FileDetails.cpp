@@ -1,5 +1,7 @@
 #include "ui/FileDetails.h"
 
+#include "ui/TextDirection.h"
+
 #include <QCoreApplication>
 #include <QDateTime>
 #include <QFile>
@@ -58,7 +60,7 @@ struct Texts
 
 QString line(const QString& label, const QString& value)
 {
-    return label + QLatin1Char(' ') + value + QLatin1Char('\n');
+    return label + QLatin1Char(' ') + isolated(value) + QLatin1Char('\n');
 }
 
 QString timeLine(const QString& label, const QDateTime& time)
@@ -89,8 +91,8 @@ QString getFileDetailsText(const QString& path)
     text += timeLine(Texts::tr("Created:"), info.birthTime());
     text += timeLine(Texts::tr("Last modified:"), info.lastModified());
     text += timeLine(Texts::tr("Last read:"), info.lastRead());
-    return text + Texts::tr("File permissions:") + QLatin1String(" -") +
-           QString::fromStdString(permissionLetters(info.permissions()));
+    return text + Texts::tr("File permissions:") + QLatin1Char(' ') +
+           isolated(QLatin1Char('-') + QString::fromStdString(permissionLetters(info.permissions())));
 }
 
 std::string formatFileSize(std::int64_t size, bool exact)
