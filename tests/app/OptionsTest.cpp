@@ -175,10 +175,10 @@ TEST_F(OptionsTest, OfBadSettingsShowTheirSubstitutesAndLeaveThemInTheStore)
 
 TEST_F(OptionsTest, KeepALanguageThatTheListNoLongerHas)
 {
-    CAppSettings().setValue("LocaleId", 1043); // Dutch
+    CAppSettings().setValue("LocaleId", 1061); // Estonian
     MainWindowDriver driver;
     useOptions(driver, "buttonOk", [](const OptionsUser&) {});
-    EXPECT_EQ(allStored()["LocaleId"] + calculate(driver), "1043Calculate");
+    EXPECT_EQ(allStored()["LocaleId"] + calculate(driver), "1061Calculate");
 }
 
 TEST_F(OptionsTest, ThatAreConfirmedGovernTheWindow)

@@ -26,6 +26,10 @@ MOST_BYTES = 65536
 PLACEHOLDER = re.compile(r"%(?:L?\d{1,2}|n)")
 MNEMONIC = re.compile(r"&([^&])|&&")
 ENDING = re.compile(r"\s$|\.\.\.$|[.:]$|$")
+# The marks at the end of a sentence and of a label where a language has its own, by the code in the file's name. A text
+# that has none in English, as code puts it together with others, has none of these either.
+FULL_WIDTH = {".": "。", ":": "："}
+OWN_MARKS = {"zh-Hans": FULL_WIDTH, "zh-Hant": FULL_WIDTH, "ja": FULL_WIDTH, "hi": {".": "।"}}
 MODIFIER = r"(?:Ctrl|Shift|Alt|Meta)\+"
 KEY = (r"(?:F[1-9]|F[12]\d|F3[0-5]|[!-~]|Left|Right|Up|Down|Home|End|PgUp|PgDown|Ins|Del|Esc|Tab|Space|Return|Enter"
        r"|Backspace)")
@@ -109,6 +113,7 @@ class Project:
 class Language:
     def __init__(self, path, project):
         self.name = path.name
+        self.own_marks = OWN_MARKS.get(path.name.split(".")[1], {})
         self.faults = []
         self.lines = {}  # where a source stood last
         self.entries = {}  # pairs of source and translation
@@ -155,9 +160,20 @@ class Language:
         for key in sorted(unused):
             self.fault(self.entries[key][0], f"of {key[0]} is no text of the program (any more)")
 
+    # The translation with English marks at its end.
+    def with_plain_end(self, source, translation):
+        for plain, own in self.own_marks.items():
+            if translation.endswith(own):
+                return translation.removesuffix(own) + plain
+            if translation.endswith(plain) and not translation.endswith("..."):
+                self.fault(source, f'ends with "{plain}" where the language has "{own}": "{translation}"')
+        return translation
+
     def check_entry(self, source, translation, is_shortcut):
+        comparable = self.with_plain_end(source, translation)
+
         def same(part):
-            return part(source) == part(translation)
+            return part(source) == part(comparable)
 
         rules = {
             "has an empty translation": translation.strip(),
