@@ -148,11 +148,19 @@ void CMainWindow::orientTexts()
     m_ui->lineEditInput->setLayoutDirection(Qt::LeftToRight);
     showLeftToRight(*m_ui->plainTextEditHashHex);
     showLeftToRight(*m_ui->plainTextEditHashBase64);
-    turnIcons();
+    turnForm();
 }
 
-void CMainWindow::turnIcons()
+/// What the toolkit does not turn by itself: margins, and icons that point.
+void CMainWindow::turnForm()
 {
+    for (QLayout* caption : std::initializer_list<QLayout*>{m_ui->horizontalLayoutInputFileCaption,
+                                                            m_ui->horizontalLayoutOutputFileCaption}) {
+        const QMargins margins = caption->contentsMargins();
+        const int edge = std::max(margins.left(), margins.right());
+        caption->setContentsMargins(isRightToLeft() ? 0 : edge, margins.top(), isRightToLeft() ? edge : 0,
+                                    margins.bottom());
+    }
     m_ui->actionFile_Exit->setIcon(pointingIcon(QStringLiteral(":/kestrum/exit.ico")));
 }
 

@@ -129,7 +129,7 @@ private:
     void setFonts();
     void alignTexts();
     void orientTexts();
-    void turnIcons();
+    void turnForm();
     void connectActions();
     void connectInputs();
     void connectWorker();

@@ -141,7 +141,7 @@ void CMainWindow::applyLanguage(std::uint32_t localeId)
 void CMainWindow::retranslate()
 {
     m_ui->retranslateUi(this);
-    turnIcons();
+    turnForm();
     nameCompareAction();
     updateResultCaption();
 }

@@ -3,6 +3,7 @@
 #include "ui_CAboutDialog.h"
 
 #include "ui/ProductLabels.h"
+#include "ui/TextDirection.h"
 
 #include <QCoreApplication>
 #include <QDesktopServices>
@@ -13,6 +14,7 @@ CAboutDialog::CAboutDialog(QWidget* parent)
     , m_ui(std::make_unique<Ui_CAboutDialog>())
 {
     m_ui->setupUi(this);
+    keepButtonTextsCentred(*this);
     setWindowFlags(windowFlags() & ~Qt::WindowContextHelpButtonHint);
     m_ui->labelIcon->setPixmap(windowIcon().pixmap(m_ui->labelIcon->maximumSize()));
     connect(m_ui->buttonOk, &QPushButton::clicked, this, &CAboutDialog::onUiButtonOkPressed);

@@ -6,6 +6,7 @@
 #include "logger/LogLine.h"
 #include "ui/AlgorithmList.h"
 #include "ui/ProductLabels.h"
+#include "ui/TextDirection.h"
 
 #include <QDesktopServices>
 #include <QDir>
@@ -15,6 +16,7 @@
 #include <QUrl>
 
 #include <algorithm>
+#include <utility>
 
 namespace i18n = quillon::i18n;
 namespace logger = quillon::logger;
@@ -41,6 +43,7 @@ COptionsDialog::COptionsDialog(QWidget* parent)
     , m_ui(std::make_unique<Ui_COptionsDialog>())
 {
     m_ui->setupUi(this);
+    keepButtonTextsCentred(*this);
     setWindowFlags(windowFlags() & ~Qt::WindowContextHelpButtonHint);
     m_ui->labelAppIcon->setPixmap(windowIcon().pixmap(m_ui->labelAppIcon->maximumSize()));
     m_textPalette = m_ui->lineEditNetworkLogs->palette();
@@ -86,12 +89,17 @@ void COptionsDialog::createLists()
     fitShortcutTable();
 }
 
-/// All rows are seen at any size of the font.
+/// All rows are seen, and whole, in any language and at any size of the font.
 void COptionsDialog::fitShortcutTable()
 {
     QTableWidget& table = *m_ui->tableWidgetShortcutKeys;
-    table.setColumnWidth(0, kKeyColumnWidth);
-    table.setColumnWidth(1, kDescriptionColumnWidth);
+    int width = 0;
+    for (const auto& [column, leastWidth] : {std::pair{0, kKeyColumnWidth}, {1, kDescriptionColumnWidth}}) {
+        table.resizeColumnToContents(column);
+        table.setColumnWidth(column, std::max(leastWidth, table.columnWidth(column)));
+        width += table.columnWidth(column);
+    }
+    table.setFixedWidth(width);
     const int rowHeight = std::max(kLeastRowHeight, table.fontMetrics().height() + kRowPadding);
     table.verticalHeader()->setDefaultSectionSize(rowHeight);
     table.setFixedHeight(rowHeight * table.rowCount());
@@ -240,6 +248,7 @@ void COptionsDialog::onUiApply()
     // own texts until the dialog is opened anew.
     m_ui->retranslateUi(this);
     fitNetworkButtons();
+    fitShortcutTable();
 }
 
 void COptionsDialog::onUiOk()

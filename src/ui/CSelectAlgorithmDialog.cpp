@@ -3,12 +3,14 @@
 #include "ui_CSelectAlgorithmDialog.h"
 
 #include "ui/AlgorithmList.h"
+#include "ui/TextDirection.h"
 
 CSelectAlgorithmDialog::CSelectAlgorithmDialog(QWidget* parent)
     : QDialog(parent)
     , m_ui(std::make_unique<Ui_CSelectAlgorithmDialog>())
 {
     m_ui->setupUi(this);
+    keepButtonTextsCentred(*this);
     setWindowFlags(windowFlags() & ~Qt::WindowContextHelpButtonHint);
     connect(m_ui->buttonOk, &QPushButton::clicked, this, &CSelectAlgorithmDialog::onUiOk);
     connect(m_ui->listWidgetSelectAlg, &QListWidget::itemDoubleClicked, this,

@@ -5,6 +5,8 @@
 #include "ui/TextDirection.h"
 
 #include <QCoreApplication>
+#include <QTextBlockFormat>
+#include <QTextCursor>
 
 namespace {
 
@@ -29,6 +31,7 @@ CkeyboardShortcutInfoDialog::CkeyboardShortcutInfoDialog(QWidget* parent)
     , m_ui(std::make_unique<Ui_CkeyboardShortcutInfoDialog>())
 {
     m_ui->setupUi(this);
+    keepButtonTextsCentred(*this);
     setWindowFlags(windowFlags() & ~Qt::WindowContextHelpButtonHint);
     connect(m_ui->buttonOk, &QPushButton::clicked, this, &CkeyboardShortcutInfoDialog::onUiButtonOkPressed);
 }
@@ -38,8 +41,15 @@ CkeyboardShortcutInfoDialog::~CkeyboardShortcutInfoDialog() = default;
 void CkeyboardShortcutInfoDialog::showEvent(QShowEvent* event)
 {
     QDialog::showEvent(event);
-    if (m_firstShow.exchange(false))
-        m_ui->textEditDetails->setText(shortcutsHtml());
+    if (!m_firstShow.exchange(false))
+        return;
+    m_ui->textEditDetails->setText(shortcutsHtml());
+    // A paragraph would take its direction from its first letter, be it that of a key.
+    QTextCursor everything(m_ui->textEditDetails->document());
+    everything.select(QTextCursor::Document);
+    QTextBlockFormat format;
+    format.setLayoutDirection(layoutDirection());
+    everything.mergeBlockFormat(format);
 }
 
 QString CkeyboardShortcutInfoDialog::shortcutsHtml()

@@ -4,6 +4,7 @@
 #include <QLocale>
 #include <QPixmap>
 #include <QPlainTextEdit>
+#include <QPushButton>
 #include <QTextOption>
 #include <QTransform>
 
@@ -33,6 +34,15 @@ QIcon pointingIcon(const QString& name)
     for (const QSize& size : icon.availableSizes())
         mirrored.addPixmap(icon.pixmap(size).transformed(QTransform::fromScale(-1, 1)));
     return mirrored;
+}
+
+void keepButtonTextsCentred(const QWidget& dialog)
+{
+    if (!QGuiApplication::isRightToLeft())
+        return;
+    for (QPushButton* button : dialog.findChildren<QPushButton*>())
+        if (!button->text().isEmpty())
+            button->setIcon({});
 }
 
 void showLeftToRight(QPlainTextEdit& digest)

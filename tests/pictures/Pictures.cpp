@@ -91,8 +91,8 @@ private:
         } else if (const auto* table = qobject_cast<const QTableWidget*>(&widget)) {
             for (int column = 0; column < table->columnCount(); ++column)
                 for (int row = 0; row < table->rowCount(); ++row)
-                    if (table->fontMetrics().horizontalAdvance(table->item(row, column)->text()) + 6 >
-                        table->columnWidth(column))
+                    if (table->visualItemRect(table->item(row, column)).width() <
+                        table->fontMetrics().horizontalAdvance(table->item(row, column)->text()))
                         report(widget, "cut", table->item(row, column)->text());
         }
     }
@@ -205,6 +205,8 @@ int main(int argc, char* argv[])
     const QStringList arguments = QApplication::arguments();
     if (arguments.size() != 3)
         qFatal("usage: kestrum_pictures FOLDER FILE");
+    constexpr int kPoints = 9;
+    QApplication::setFont(QFont("DejaVu Sans", kPoints)); // as wide as fonts of desktops get
     QCoreApplication::installTranslator(&translator);
     loadStartLanguage();
     std::vector<i18n::internal::Translation<char>> languages;
