@@ -35,6 +35,12 @@ void selectLinkOnFocus(QLabel& label)
     label.installEventFilter(new LinkSelector(&label));
 }
 
+void keepAtLeadingEdge(QLabel& label)
+{
+    if (label.isRightToLeft())
+        label.setAlignment((label.alignment() & Qt::AlignVertical_Mask) | Qt::AlignRight | Qt::AlignAbsolute);
+}
+
 QString makeLinkLabelText(const QString& text, const QString& address)
 {
     return QStringLiteral("<html><head/><body><p><a href=\"") + address +

@@ -14,6 +14,9 @@
 /// Tab for that, and shows nothing until then.
 void selectLinkOnFocus(QLabel& label);
 
+/// Keeps a label with a Latin text at the edge at which the others begin, also where that is the right one.
+void keepAtLeadingEdge(QLabel& label);
+
 /// The address that opens the mail program with a message to support about this program.
 [[nodiscard]] QString supportMailAddress();
 
@@ -33,4 +36,7 @@ void fillProductLabels(Form& form)
     setLink(*form.labelHomePageUrl, vars::kHomePageUrl);
     setLink(*form.labelEmailUrl, vars::kSupportEmail);
     setLink(*form.labelDonateUrl, vars::kDonationUrl);
+    for (QLabel* label : {form.labelVersion, form.labelCopyright, form.labelHomePageUrl, form.labelEmailUrl,
+                          form.labelDonateUrl})
+        keepAtLeadingEdge(*label);
 }

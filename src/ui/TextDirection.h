@@ -21,8 +21,8 @@ void followDirectionOf(const std::string& language);
 /// from right to left.
 [[nodiscard]] QIcon pointingIcon(const QString& name);
 
-/// Where the windows are laid out from right to left, takes the icons off the push buttons of `dialog` that have a
-/// text too: Qt 5 would push the text to the button's left edge.
+/// Where the windows are laid out from right to left, takes the icons off the push buttons of `dialog` that
+/// have a text too: Qt 5 would push the text to the button's left edge.
 void keepButtonTextsCentred(const QWidget& dialog);
 
 /// Lets the field show a digest from left to right in every language, also one without any letter.
