@@ -5,7 +5,6 @@
 #include "i18n_qt/MyTranslator.h"
 #include "ui/SAppOptions.h"
 
-#include <QAction>
 #include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
@@ -20,11 +19,6 @@ void putBytes(const QString& name, const QByteArray& bytes)
 {
     QFile file(name);
     EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
-}
-
-QImage exitIcon(const MainWindowDriver& driver)
-{
-    return driver.child<QAction>("actionFile_Exit").icon().pixmap(16).toImage();
 }
 
 struct RightToLeft : MainWindowTest
@@ -56,16 +50,15 @@ struct RightToLeft : MainWindowTest
         driver.window().onAppOptionsChanged(options);
     }
 
-    /// What a reader of Persian sees; `exit` is the icon of the others.
-    static void expectTurned(MainWindowDriver& driver, const QImage& exit)
+    /// What a reader of Persian sees.
+    static void expectTurned(MainWindowDriver& driver)
     {
         EXPECT_TRUE(driver.child<QWidget>("toolBar").isRightToLeft());
         EXPECT_EQ(driver.details().section('\n', 0, 0), QStringLiteral("\u062D \u20663B\u2069"));
         const QString sheet = driver.child<QComboBox>("comboBoxSelectAlg").styleSheet();
-        for (const char* rule : {"padding: 1px 3px 1px 18px;", "border-right-width: 2px;",
-                                 "border-bottom-left-radius: 3px;", "padding-right: 4px;", " top right;"})
+        for (const char* rule :
+             {"1px 3px 1px 18px;", "border-right-width:", "bottom-left-radius:", " top right;"})
             EXPECT_TRUE(sheet.contains(rule)) << rule;
-        EXPECT_EQ(exitIcon(driver), exit.mirrored(true, false));
         for (const char* name : {"plainTextEditHashHex", "plainTextEditHashBase64"}) {
             auto& digest = driver.child<QPlainTextEdit>(name);
             digest.setPlainText("12"); // has no letter that would tell
@@ -89,19 +82,17 @@ TEST_F(RightToLeft, TheWindowTurnsAtAChangeOfLanguageAndAtTheStartButNotItsPaths
     constexpr std::uint32_t kPersian = 1065;
     const QStringList arguments{write("letters", "abc")};
     MainWindowDriver driver(arguments);
-    const QImage exit = exitIcon(driver);
     const QString sheet = driver.child<QComboBox>("comboBoxSelectAlg").styleSheet();
     choose(driver, kPersian);
-    expectTurned(driver, exit);
+    expectTurned(driver);
     loadStartLanguage();
     QGuiApplication::setLayoutDirection(Qt::LeftToRight);
     MainWindowDriver started(arguments);
-    expectTurned(started, exit);
+    expectTurned(started);
     choose(started, i18n::kDefaultLocaleId);
     EXPECT_TRUE(started.window().isLeftToRight());
     EXPECT_EQ(started.details().section('\n', 0, 0), "File size: 3B");
     EXPECT_EQ(started.child<QComboBox>("comboBoxSelectAlg").styleSheet(), sheet);
-    EXPECT_EQ(exitIcon(started), exit);
     started.window().onLocaleChanged("ur", "PK", 0);
     EXPECT_TRUE(started.window().isLeftToRight()) << "as its texts are missing";
 }
