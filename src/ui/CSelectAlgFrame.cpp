@@ -12,20 +12,14 @@ namespace {
 
 /// A style sheet for a layout from right to left. The toolkit turns positions, but neither paddings nor
 /// borders.
-QString mirrored(const QString& sheet)
+QString mirrored(QString sheet)
 {
-    static const QRegularExpression side(QStringLiteral("(left|right)(?=[-:])")); // in a property's name
-    static const QRegularExpression fourSides(QStringLiteral("(: \\S+) (\\S+) (\\S+) (\\S+);"));
-    QString turned;
-    int end = 0;
-    for (auto matches = side.globalMatch(sheet); matches.hasNext();) {
-        const QRegularExpressionMatch match = matches.next();
-        turned += sheet.mid(end, match.capturedStart() - end);
-        turned += match.captured() == QLatin1String("left") ? QLatin1String("right") : QLatin1String("left");
-        end = match.capturedEnd();
-    }
-    turned += sheet.mid(end);
-    return turned.replace(fourSides, QStringLiteral("\\1 \\4 \\3 \\2;"));
+    // Names of properties only
+    sheet.replace(QRegularExpression(QStringLiteral("left(?=[-:])")), QStringLiteral("@"));
+    sheet.replace(QRegularExpression(QStringLiteral("right(?=[-:])")), QStringLiteral("left"));
+    sheet.replace(QLatin1Char('@'), QStringLiteral("right"));
+    const QRegularExpression fourSides(QStringLiteral("(: \\S+) (\\S+) (\\S+) (\\S+);"));
+    return sheet.replace(fourSides, QStringLiteral("\\1 \\4 \\3 \\2;"));
 }
 
 } // namespace
