@@ -10,7 +10,6 @@
 #include <QComboBox>
 #include <QFile>
 #include <QLabel>
-#include <QPlainTextEdit>
 
 namespace quillon::tests {
 namespace {
@@ -59,12 +58,8 @@ struct RightToLeft : MainWindowTest
         for (const char* rule :
              {"1px 3px 1px 18px;", "border-right-width:", "bottom-left-radius:", " top right;"})
             EXPECT_TRUE(sheet.contains(rule)) << rule;
-        for (const char* name : {"plainTextEditHashHex", "plainTextEditHashBase64"}) {
-            auto& digest = driver.child<QPlainTextEdit>(name);
-            digest.setPlainText("12"); // has no letter that would tell
-            EXPECT_LT(digest.cursorRect().left(), digest.width() / 2);
-        }
-        EXPECT_TRUE(driver.child<QWidget>("lineEditInput").isLeftToRight());
+        for (const char* name : {"plainTextEditHashHex", "plainTextEditHashBase64", "lineEditInput"})
+            EXPECT_TRUE(driver.child<QWidget>(name).isLeftToRight()) << name;
         EXPECT_TRUE(driver.run());
         EXPECT_EQ(driver.caption(), QStringLiteral("Calculated hash for the file (\u2066SHA-256\u2069)"));
         driver.click("buttonCopyHashHex");
