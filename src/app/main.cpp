@@ -3,12 +3,12 @@
 #include "i18n_qt/MyTranslator.h"
 #include "platform/Process.h"
 #include "platform/RuntimeLibrary.h"
+#include "platform/qt/QtVersion.h"
 #include "ui/Appearance.h"
 #include "vars/Product.h"
 
 #include <QApplication>
 #include <QIcon>
-#include <QTextCodec>
 
 namespace {
 
@@ -33,12 +33,9 @@ QStringList commandLine(int argc, const char* const* argv)
 /// What must stand before the application object is made.
 void prepareToolkit()
 {
-    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
-    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    quillon::platform::useDefaultsOfQt6();
     // A desktop at 125 or 150 % would get 100 or 200 % otherwise.
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
-    // File names are UTF-8 on the road to the system, also where the locale names no such encoding.
-    QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
 }
 
 } // namespace

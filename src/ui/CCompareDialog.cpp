@@ -67,8 +67,8 @@ QString harmless(QString shown)
 QString groupsLine(const QString& digits, const QString& others, int start)
 {
     QStringList groups;
-    for (int at = start; at < std::min(start + kGroupsInALine * kGroupDigits, digits.size());
-         at += kGroupDigits) {
+    const int end = std::min(start + kGroupsInALine * kGroupDigits, static_cast<int>(digits.size()));
+    for (int at = start; at < end; at += kGroupDigits) {
         const QString group = digits.mid(at, kGroupDigits);
         const bool isSame = group == others.mid(at, kGroupDigits);
         groups += isSame ? group

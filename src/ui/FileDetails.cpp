@@ -6,6 +6,7 @@
 #include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
+#include <QLocale>
 
 #include <array>
 #include <charconv>
@@ -63,9 +64,20 @@ QString line(const QString& label, const QString& value)
     return label + QLatin1Char(' ') + isolated(value) + QLatin1Char('\n');
 }
 
+/// A time as Qt::TextDate has it with Qt 5: day and month in the language of the user's desktop. With Qt 6
+/// that is English everywhere.
+QString timeText(const QDateTime& time)
+{
+    const QDate date = time.date();
+    const QLocale desktop = QLocale::system();
+    return desktop.dayName(date.dayOfWeek(), QLocale::ShortFormat) + QLatin1Char(' ') +
+           desktop.monthName(date.month(), QLocale::ShortFormat) +
+           QLocale::c().toString(time, QStringLiteral(" d HH:mm:ss yyyy"));
+}
+
 QString timeLine(const QString& label, const QDateTime& time)
 {
-    return time.isValid() && !time.isNull() ? line(label, time.toString(Qt::TextDate)) : QString();
+    return time.isValid() && !time.isNull() ? line(label, timeText(time)) : QString();
 }
 
 std::string permissionLetters(QFile::Permissions bits)

@@ -187,7 +187,7 @@ TEST_F(HashSession, LeavesCaptionAndToolBarAsTheyAreBetweenAStopAndTheNextStart)
     EXPECT_FALSE(toggleToolBar());
     EXPECT_TRUE(toggleToolBar());
     for (const char* bar : {"toolBar", "menuBar"}) {
-        QContextMenuEvent event(QContextMenuEvent::Mouse, {1, 1});
+        QContextMenuEvent event(QContextMenuEvent::Mouse, {1, 1}, {1, 1});
         QApplication::sendEvent(&driver.child<QWidget>(bar), &event);
         EXPECT_EQ(QApplication::activePopupWidget(), nullptr)
             << "Qt's own menu, which knows nothing of the stop";

@@ -68,7 +68,7 @@ TEST(ShippedLanguages, StartWithTheStoredOneOrEnglishAndLeaveTheStoreAlone)
         EXPECT_EQ(bundle.getProductName(), "Kestrum");
         EXPECT_EQ(bundle.getLanguage() + '-' + bundle.getCountry(), language);
         EXPECT_EQ(bundle.getString("CMainWindow", "File"), fileMenu);
-        EXPECT_EQ(CAppSettings().value(thisapp::settings::LocaleId), stored);
+        EXPECT_EQ(CAppSettings().value(thisapp::settings::LocaleId.key), stored);
     }
 }
 

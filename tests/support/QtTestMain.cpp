@@ -1,9 +1,9 @@
 // The entry function of the test programs that need an application object.
 
+#include "platform/qt/QtVersion.h"
 #include "support/TempFolder.h"
 
 #include <QApplication>
-#include <QTextCodec>
 
 #include <gtest/gtest.h>
 
@@ -32,7 +32,7 @@ int main(int argc, char* argv[])
     const quillon::tests::TempFolder home;
     leaveTheUsersSession(home);
     // As the program does, so that file names mean the same here and there.
-    QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
+    quillon::platform::useDefaultsOfQt6();
     // The tests answer Qt's own dialogs; the desktop's would be out of their reach.
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     const QApplication application(argc, argv);

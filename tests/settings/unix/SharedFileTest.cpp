@@ -2,6 +2,7 @@
 // them in this form.
 
 #include "settings/CAppSettings.h"
+#include "settings/SettingsKeys.h"
 
 #include <QElapsedTimer>
 #include <QFile>
@@ -92,6 +93,26 @@ TEST(CAppSettings, OfTwoWritersAndTwoReadersLoseNothing)
     for (int reader = 2; reader < 4; ++reader) {
         kill(children[reader], SIGKILL);
         waitpid(children[reader], nullptr, 0);
+    }
+}
+
+TEST(CAppSettings, OfOneQtAreReadByTheOther)
+{
+    const QString name = QStringLiteral("Jürgen Ж");
+    // As programs with Qt 5 and with Qt 6 write it.
+    const QByteArray forms[] = {R"(J\xfcrgen \x416)", R"(@ByteArray(J\xc3\xbcrgen \xd0\x96))"};
+    for (const QByteArray& form : forms) {
+        QFile file(CAppSettings().fileName());
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write("[General]\nNetProxyLogin=" + form + '\n');
+        file.close();
+        EXPECT_EQ(thisapp::settings::NetProxyLogin.read(CAppSettings()), name) << form.toStdString();
+        CAppSettings().setValue("Other", name);
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        QByteArray written = file.readAll();
+        for (const QByteArray& known : forms)
+            written.replace(known, "*");
+        EXPECT_EQ(written, "[General]\nNetProxyLogin=*\nOther=*\n");
     }
 }
 
