@@ -1,17 +1,20 @@
 #!/usr/bin/env bash
-# Usage: scripts/bench.sh
+# Usage: scripts/bench.sh [PRESET]
 #
-# Builds and runs the measurements and prints their tables; docs/performance.md holds one such run. Takes about a
-# quarter of an hour and works on one file in the page cache.
+# Builds and runs the measurements and prints their tables; docs/performance.md holds one such run. PRESET is bench if
+# it is not given; bench-qt6 is the one with Qt 6. Takes about a quarter of an hour and works on one file in the page
+# cache.
 
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
-install_packages build headless test bench
-build bench
-bench=$ROOT/build/bench/bench
-file=$ROOT/build/bench/sample.bin
+preset=${1:-bench}
+install_packages build "qt$(qt_of "$preset")" headless test bench
+build "$preset"
+built=$ROOT/build/$preset
+bench=$built/bench
+file=$built/sample.bin
 [ -s "$file" ] || head -c 268435456 /dev/urandom >"$file"
-small=$ROOT/build/bench/small.bin
+small=$built/small.bin
 head -c 33554432 "$file" >"$small"
 cat "$file" >/dev/null
 
@@ -45,7 +48,7 @@ printf '\n## Whole processes against other tools\n\n'
 python3 "$ROOT/bench/pairs.py" tools "$file" "$bench/bench_digest"
 
 measure_start() {
-    QT_QPA_PLATFORM=$1 python3 "$ROOT/bench/pairs.py" start "$ROOT/build/bench/kestrum" \
+    QT_QPA_PLATFORM=$1 python3 "$ROOT/bench/pairs.py" start "$built/kestrum" \
         "$bench/bench_minimal_window" "$bench/libbench_quit_when_shown.so"
 }
 

@@ -24,11 +24,25 @@ is_installed() {
     [ "$(dpkg-query -W -f '${db:Status-Status}' "$1" 2>/dev/null)" = installed ]
 }
 
+is_known() { apt-cache show "$1" >/dev/null 2>&1; }
+
+# Of the names in "a|b" the first that is installed or that apt knows; the last where there is none.
+choose_package() {
+    local names name
+    IFS='|' read -ra names <<<"$1"
+    for name in "${names[@]}"; do
+        if is_installed "$name" || { [ ${#names[@]} -gt 1 ] && is_known "$name"; }; then
+            break
+        fi
+    done
+    printf '%s\n' "$name"
+}
+
 # Installs what is missing for the given uses; calls no package manager where nothing is.
 install_packages() {
-    local missing=() package
-    for package in $(packages_for "$@"); do
-        is_installed "$package" || missing+=("$package")
+    local missing=() packages=() names
+    for names in $(packages_for "$@"); do
+        is_installed "$(choose_package "$names")" || missing+=("$names")
     done
     [ ${#missing[@]} -gt 0 ] || return 0
     say "Installing ${missing[*]}"
@@ -39,9 +53,36 @@ install_packages() {
         as_root=(sudo)
     fi
     "${as_root[@]}" apt-get update -q >&2
+    # Before that, apt knew nothing on a bare machine.
+    for names in "${missing[@]}"; do
+        packages+=("$(choose_package "$names")")
+    done
     "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
-        apt-get install -y -q --no-install-recommends "${missing[@]}" >&2
+        apt-get install -y -q --no-install-recommends "${packages[@]}" >&2
 }
+
+# The version of Qt to run with: the one that is there, the usual one first, or else the one that can be had.
+find_qt() {
+    local qt package
+    for qt in 5 6; do
+        for package in $(packages_for "qt$qt"); do
+            is_installed "$package" || continue 2
+        done
+        printf '%s\n' "$qt"
+        return
+    done
+    if is_known qt6-base-dev && ! is_known qtbase5-dev; then
+        printf '6\n'
+    else
+        printf '5\n'
+    fi
+}
+
+# The preset for a version of Qt, of which PRESET is the one with the usual version: preset_for PRESET QT
+preset_for() { [ "$2" = 5 ] && printf '%s\n' "$1" || printf '%s-qt%s\n' "$1" "$2"; }
+
+# The version of Qt that a preset builds with.
+qt_of() { [[ $1 == *-qt6 ]] && printf '6\n' || printf '5\n'; }
 
 # build PRESET [CMAKE OPTION ...]: configures and compiles into build/PRESET, as far as not done yet.
 build() {

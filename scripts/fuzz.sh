@@ -10,7 +10,7 @@ seconds=${1:-600}
 folder=$ROOT/build/fuzz
 findings=$folder/findings
 
-install_packages build fuzz
+install_packages build qt5 fuzz
 say "Building the fuzzers"
 cmake -S "$ROOT" -B "$folder" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_CXX_COMPILER=clang++ \
     -DKESTRUM_FUZZ=ON -DKESTRUM_TESTS=OFF -DKESTRUM_SANITIZE=address,undefined,fuzzer-no-link >&2

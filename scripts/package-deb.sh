@@ -7,7 +7,7 @@
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
 qt=${1:-5}
-install_packages build package
+install_packages build "qt$qt" package
 set_source_date
 
 # The tools put what they make beside the source, so that it gets a folder of its own.

@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Usage: scripts/run.sh [FILE]
 #
-# Installs what is missing, builds the program and starts it, with FILE in its input field if one is given.
+# Installs what is missing, builds the program and starts it, with FILE in its input field if one is given. It is built
+# with the Qt that is installed, Qt 5 before Qt 6.
 # On a machine without a display FILE is digested in a real window on a virtual one: its screenshot goes to
 # build/screenshot.png and the digest, as the window put it on the clipboard, to standard output.
 
@@ -25,13 +26,15 @@ elif ! has_display; then
     die "There is no display here. Name a file to have it digested in a window on a virtual one."
 fi
 
-install_packages build
-build release -DKESTRUM_TESTS=OFF
-program=$ROOT/build/release/kestrum
+qt=$(find_qt)
+preset=$(preset_for release "$qt")
+install_packages build "qt$qt"
+build "$preset" -DKESTRUM_TESTS=OFF
+program=$ROOT/build/$preset/kestrum
 
 if has_display; then
     install_packages network
-    [ -n "${DISPLAY:-}" ] || install_packages wayland
+    [ -n "${DISPLAY:-}" ] || install_packages "wayland$qt"
     exec "$program" "${arguments[@]}"
 fi
 install_packages headless

@@ -7,7 +7,7 @@
 source "$(dirname "${BASH_SOURCE[0]}")/../common.sh"
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
-install_packages build bench windows
+install_packages build qt5 bench windows
 require_sysroot
 build bench
 build windows -DKESTRUM_BENCH=ON

@@ -8,7 +8,7 @@
 source "$(dirname "${BASH_SOURCE[0]}")/../common.sh"
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
-install_packages build windows
+install_packages build qt5 windows
 require_sysroot
 set_source_date
 build windows

@@ -7,7 +7,7 @@
 source "$(dirname "${BASH_SOURCE[0]}")/../common.sh"
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
-install_packages build headless test windows
+install_packages build qt5 headless test windows
 require_sysroot
 build windows -DKESTRUM_TESTS=ON
 

@@ -26,8 +26,8 @@ public:
 private:
     AppSettings(int productId, const platform::SettingsStore& store);
 
-    /// `value`, or the bytes of a text that Qt would write into the file as UTF-8, which programs with Qt 5 take
-    /// for something else. The bytes become escapes, and every Qt reads them as the text.
+    /// `value`, or the bytes of a text that Qt would write into the file as UTF-8, which programs with Qt 5
+    /// take for something else. The bytes become escapes, and every Qt reads them as the text.
     [[nodiscard]] QVariant escapable(const QVariant& value) const;
     void escapeStored();
 
