@@ -1,9 +1,5 @@
 # What `cmake --install` puts where on Linux; debian/ packs the same files.
 
-# As in Debian's own packages.
-if(CMAKE_LIBRARY_ARCHITECTURE AND NOT DEFINED CMAKE_INSTALL_LIBDIR)
-    set(CMAKE_INSTALL_LIBDIR lib/${CMAKE_LIBRARY_ARCHITECTURE} CACHE PATH "Folder of the libraries")
-endif()
 include(GNUInstallDirs)
 # Where nobody says otherwise GNUInstallDirs takes the project's name, which has a capital.
 if(CMAKE_INSTALL_DOCDIR STREQUAL "${CMAKE_INSTALL_DATAROOTDIR}/doc/${PROJECT_NAME}")

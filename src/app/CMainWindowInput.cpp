@@ -4,12 +4,12 @@
 #include "app/CommandLine.h"
 #include "platform/qt/UserPlaces.h"
 #include "ui/CProgressBarFrame.h"
+#include "ui/FileChoice.h"
 #include "ui/FileDetails.h"
 #include "ui/TextDirection.h"
 
 #include <QDesktopServices>
 #include <QDir>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QUrl>
 
@@ -62,8 +62,7 @@ bool CMainWindow::isInputFileChanged() const
 
 QString CMainWindow::askForInputFile(const QString& title)
 {
-    return QFileDialog::getOpenFileName(this, title, QString(),
-                                        tr("All files") + quillon::platform::allFilesPattern());
+    return chooseFile(this, title, tr("All files") + quillon::platform::allFilesPattern());
 }
 
 /// The digest and the status on screen belong to another file than the one in the edit field.

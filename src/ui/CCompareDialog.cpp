@@ -6,11 +6,11 @@
 #include "compare/ListFile.h"
 #include "crypto/HashCatalogue.h"
 #include "err/ErrorText.h"
+#include "ui/FileChoice.h"
 #include "ui/TextDirection.h"
 
 #include <QAccessible>
 #include <QClipboard>
-#include <QFileDialog>
 #include <QFontDatabase>
 #include <QGuiApplication>
 
@@ -144,7 +144,7 @@ void CCompareDialog::onUiTextChanged()
 
 void CCompareDialog::onUiFromFile()
 {
-    const QString path = QFileDialog::getOpenFileName(this, tr("Select a list of hash values"));
+    const QString path = chooseFile(this, tr("Select a list of hash values"));
     if (!path.isEmpty())
         onUiFileGiven(path);
 }
