@@ -26,7 +26,8 @@ void CBaseApp::loadNetProxy()
     proxy.port = keys::NetProxyPort.read(store);
     proxy.type = keys::NetProxyType.read(store);
     m_netProxy.set(proxy);
-    const int selection = store.value(keys::NetProxySelectType.key, keys::NetProxySelectType.byDefault).toInt();
+    const int selection =
+        store.value(keys::NetProxySelectType.key, keys::NetProxySelectType.byDefault).toInt();
     if (keys::NetProxySelectType.isValid(selection))
         m_proxySelectType.set(static_cast<web::EProxySelectType>(selection));
 }
