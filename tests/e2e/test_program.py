@@ -38,6 +38,9 @@ class Program(DesktopTest):
             self.xdotool("type", file.name)
             self.key("Return")
             self.wait_for_focus(TITLE)
+            # A list of suggestions may outlive the dialog by a moment, and would take the next key.
+            self.wait_for(lambda: len(self.xdotool("search", "--onlyvisible", "--pid", process.pid).split()) == 1,
+                          "the window alone")
             peak_kib = figure(process, "status", "VmHWM")
             self.key("F5")
             self.wait_for_copy(LARGE_DIGEST)
