@@ -27,7 +27,7 @@ QString isolated(const QString& value)
 
 QIcon pointingIcon(const QString& name)
 {
-    const QIcon icon(name);
+    QIcon icon(name);
     if (!QGuiApplication::isRightToLeft())
         return icon;
     QIcon mirrored;
