@@ -8,4 +8,4 @@ source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 options=(-i)
 [ "${1:-}" != --check ] || options=(--dry-run --Werror)
 cd "$ROOT"
-find src tests bench -name '*.h' -o -name '*.cpp' | sort | xargs clang-format "${options[@]}"
+find src tests bench scripts -name '*.h' -o -name '*.cpp' | sort | xargs clang-format "${options[@]}"
