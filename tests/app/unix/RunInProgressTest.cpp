@@ -96,6 +96,8 @@ TEST_F(RunInProgress, ShowsItsBeginningThenTheShareOnBothBarsAndRefusesAnotherSt
                                   "actionFile_AddFile\nactionHash_Calculate\nactionHash_selectAlgorithm\n"
                                   "lineEditInput\nbuttonDefineInputFile";
     EXPECT_TRUE(waitFor([&] { return driver->result() == beginning; })) << driver->result();
+    // Until the bus is reached only the latest state is kept for it.
+    EXPECT_TRUE(waitFor([&bus] { return bus.updates() == QStringList("shown 0"); }));
     faults.holdFrom(2);
     EXPECT_TRUE(waitForProgress("1\\.250", ".*")) << driver->status();
     EXPECT_TRUE(driver->status().ends_with("[12]")) << driver->status();
