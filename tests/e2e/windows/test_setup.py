@@ -9,6 +9,7 @@ from wine import LINK, MENU_ENTRIES, SETTINGS, WINE, WineTest
 from desktop import LIMIT_S, hex_digest
 
 UNINSTALL = r"HKCU\Software\Microsoft\Windows\CurrentVersion\Uninstall\Kestrum"
+LOG = "Quillon.example/Kestrum/kestrum.log"
 RUNNING = 3
 
 
@@ -32,8 +33,8 @@ class SetupTest(WineTest):
                 if path.is_file() and not {"windows", "Temp"} & set(path.parts)}
 
     def test_installs_upgrades_and_removes_and_leaves_nothing(self):
-        for link in self.user_files(LINK):  # other tests may have left one
-            link.unlink()
+        for left in self.user_files(LINK) + self.user_files(LOG):  # by other tests
+            left.unlink()
         before = self.written()
         self.assertEqual(self.setup_program("/Desktop", "/D=C:\\Zoë's"), 0)
         self.assertRegex(self.ask(WINE, "reg", "query", UNINSTALL), r"DisplayVersion +REG_SZ +[0-9.]+\s")
