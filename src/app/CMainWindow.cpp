@@ -120,6 +120,8 @@ void CMainWindow::setFonts()
                                          m_ui->plainTextEditHashHex, m_ui->plainTextEditHashBase64})
         widget->setFont(caption);
     m_ui->textEditInputFileDetails->setFont(adjustFontItalic(font, 0, true));
+    // An empty panel would load the italic font all the same, which takes longer than all icons do.
+    m_ui->textEditInputFileDetails->document()->setDefaultFont(font);
 }
 
 /// Gives captions, labels and the texts of all fields one left edge: that of the status line, which nobody
@@ -139,7 +141,7 @@ void CMainWindow::alignTexts()
         digest->document()->setDocumentMargin(kEdge);
     QTextEdit& details = *m_ui->textEditInputFileDetails;
     details.document()->setDocumentMargin(kEdge);
-    details.setMinimumHeight(kDetailLines * details.fontMetrics().lineSpacing() + 2 * kEdge);
+    details.setMinimumHeight(kDetailLines * QFontMetrics(font()).lineSpacing() + 2 * kEdge);
 }
 
 /// Paths and digests are read from left to right in every language.

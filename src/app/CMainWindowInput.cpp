@@ -79,7 +79,10 @@ void CMainWindow::updateInputFileDetails()
     QTextEdit& panel = *m_ui->textEditInputFileDetails;
     if (path.isEmpty()) {
         panel.setPlainText(QString());
-    } else if (QFileInfo::exists(path)) {
+        return;
+    }
+    panel.document()->setDefaultFont(panel.font());
+    if (QFileInfo::exists(path)) {
         panel.setTextColor(Qt::black);
         panel.setPlainText(getFileDetailsText(path));
     } else {

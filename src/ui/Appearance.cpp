@@ -4,6 +4,9 @@
 #include <QColor>
 #include <QFontInfo>
 #include <QPalette>
+#include <QtPlugin>
+
+Q_IMPORT_PLUGIN(IconFilePlugin)
 
 namespace {
 

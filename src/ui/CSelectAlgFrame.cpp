@@ -31,6 +31,7 @@ CSelectAlgFrame::CSelectAlgFrame(QWidget* parent)
     m_ui->setupUi(this);
     // A list widget's rows are easier to fill than a bare model's; the combo box shows and then owns it.
     m_listView = new QListWidget(this);
+    m_listView->setUniformItemSizes(true);
     m_ui->comboBoxSelectAlg->setModel(m_listView->model());
     m_ui->comboBoxSelectAlg->setView(m_listView);
     // Styles whose combo boxes open like a menu switch this off, but a list of limited height needs it.

@@ -10,7 +10,10 @@
 
 #include <QApplication>
 #include <QFontInfo>
+#include <QIcon>
+#include <QImageReader>
 #include <QLabel>
+#include <QPainter>
 #include <QPushButton>
 #include <QTest>
 #include <QTextEdit>
@@ -34,6 +37,29 @@ TEST(Appearance, AnAdjustedFontDiffersInSizeAndWeightOrStyleOnly)
     if (const int points = QFontInfo(inPixels).pointSize(); points > 0) {
         EXPECT_EQ(adjustFontBold(inPixels, 1, true).pointSize(), points + 1);
     }
+}
+
+TEST(IconFile, ShowsTheImageThatFitsAndNoneLargerThanItIs)
+{
+    initialiseResources();
+    const QString name = ":/kestrum/main.ico";
+    const QIcon icon(name);
+    for (const auto& [wanted, shown] : {std::pair{16, 16}, {20, 20}, {32, 32}, {64, 64}, {100, 64}}) {
+        EXPECT_EQ(icon.actualSize({wanted, wanted}), QSize(shown, shown)) << wanted;
+        EXPECT_EQ(icon.pixmap(wanted).size(), QSize(shown, shown)) << wanted;
+    }
+    EXPECT_EQ(icon.availableSizes(), (QList<QSize>{{16, 16}, {24, 24}, {32, 32}, {48, 48}, {64, 64}}));
+    QImageReader reader(name);
+    ASSERT_TRUE(reader.jumpToImage(2));
+    const QImage image = reader.read().convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    EXPECT_EQ(icon.pixmap(32).toImage().convertToFormat(image.format()), image);
+    QImage painted(32, 32, image.format());
+    painted.fill(Qt::transparent);
+    QPainter painter(&painted);
+    icon.paint(&painter, painted.rect());
+    EXPECT_EQ(painted, image);
+    EXPECT_NE(icon.pixmap(32, QIcon::Disabled).toImage(), icon.pixmap(32).toImage());
+    EXPECT_TRUE(QIcon(":/kestrum/none.ico").pixmap(16).isNull());
 }
 
 TEST(MainWindowForm, TheTabKeyWalksFromTopToBottomOverFieldsWithAccessibleNames)

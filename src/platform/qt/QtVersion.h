@@ -6,6 +6,10 @@
 
 #if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
 #include <QTextCodec>
+/// For functions that Qt 6 has no longer as const ones.
+#define KESTRUM_CONST_WITH_QT5 const
+#else
+#define KESTRUM_CONST_WITH_QT5
 #endif
 
 namespace quillon::platform {
