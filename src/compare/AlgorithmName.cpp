@@ -58,7 +58,10 @@ std::string plainName(std::string_view name)
 const std::unordered_map<std::string, std::uint32_t>& numbersByName()
 {
     static const auto kNumbers = [] {
-        std::unordered_map<std::string, std::uint32_t> numbers(kOtherNames.begin(), kOtherNames.end());
+        std::unordered_map<std::string, std::uint32_t> numbers;
+        // The library of g++ 14 makes no string of a view when it is given a range.
+        for (const auto& [name, number] : kOtherNames)
+            numbers.emplace(name, number);
         for (const crypto::HashAlgorithm& row : crypto::hashCatalogue())
             numbers.emplace(plainName(row.name), row.id.alg);
         return numbers;
