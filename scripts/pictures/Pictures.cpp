@@ -28,6 +28,7 @@
 #include <QTableWidget>
 #include <QTemporaryFile>
 #include <QTest>
+#include <QTextEdit>
 #include <QTextStream>
 #include <QTimer>
 #include <QToolButton>
@@ -88,6 +89,13 @@ private:
         } else if (const auto* box = qobject_cast<const QComboBox*>(&widget)) {
             if (box->objectName() != "comboBoxSelectAlg")
                 expectRoom(widget, {box->sizeHint().width(), 0}, box->currentText());
+        } else if (const auto* details = qobject_cast<const QTextEdit*>(&widget)) {
+            // The margin below the last line may go.
+            const qreal bottom = details->document()->size().height() - details->document()->documentMargin();
+            const bool scrolls = details->verticalScrollBarPolicy() != Qt::ScrollBarAlwaysOff;
+            if (!scrolls && bottom > details->viewport()->height())
+                report(widget, QString("%1 of %2").arg(details->viewport()->height()).arg(bottom),
+                       details->toPlainText().replace('\n', ' '));
         } else if (const auto* table = qobject_cast<const QTableWidget*>(&widget)) {
             for (int column = 0; column < table->columnCount(); ++column)
                 for (int row = 0; row < table->rowCount(); ++row)

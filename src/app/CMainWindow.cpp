@@ -141,7 +141,9 @@ void CMainWindow::alignTexts()
         digest->document()->setDocumentMargin(kEdge);
     QTextEdit& details = *m_ui->textEditInputFileDetails;
     details.document()->setDocumentMargin(kEdge);
-    details.setMinimumHeight(kDetailLines * QFontMetrics(font()).lineSpacing() + 2 * kEdge);
+    // A text field lets no line reach into the next one, even where the font would.
+    const QFontMetrics metrics(font());
+    details.setMinimumHeight(kDetailLines * std::max(metrics.lineSpacing(), metrics.height()) + 2 * kEdge);
 }
 
 /// Paths and digests are read from left to right in every language.

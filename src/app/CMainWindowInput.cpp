@@ -11,7 +11,28 @@
 #include <QDesktopServices>
 #include <QDir>
 #include <QFileInfo>
+#include <QTextBlock>
+#include <QTextEdit>
 #include <QUrl>
+#include <QtMath>
+
+#include <algorithm>
+
+namespace {
+
+/// Lets no line of `panel` be cut: the letters of a language can come from a font whose lines are higher than
+/// those of the application's font.
+void makeRoomForLines(QTextEdit& panel)
+{
+    const QTextDocument& text = *panel.document();
+    qreal height = 2 * text.documentMargin();
+    if (!text.size().isEmpty()) // which lays it out
+        for (QTextBlock block = text.begin(); block.isValid(); block = block.next())
+            height += block.layout()->lineAt(0).height();
+    panel.setMinimumHeight(std::max(panel.minimumHeight(), qCeil(height)));
+}
+
+} // namespace
 
 void CMainWindow::onFilesDropped(std::int32_t id, const QList<QUrl>& urls)
 {
@@ -85,6 +106,7 @@ void CMainWindow::updateInputFileDetails()
     if (QFileInfo::exists(path)) {
         panel.setTextColor(Qt::black);
         panel.setPlainText(getFileDetailsText(path));
+        makeRoomForLines(panel);
     } else {
         panel.setPlainText(tr("File not found"));
         panel.setTextColor(Qt::red);

@@ -3,6 +3,7 @@
 #include "ui_CMainWindow.h"
 
 #include "support/CaseTable.h"
+#include "support/QtWait.h"
 #include "support/UrlDesktop.h"
 #include "ui/Appearance.h"
 #include "ui/CAboutDialog.h"
@@ -68,8 +69,6 @@ TEST(MainWindowForm, TheTabKeyWalksFromTopToBottomOverFieldsWithAccessibleNames)
     Ui_CMainWindow form;
     form.setupUi(&window);
     window.show();
-    // Not every offscreen platform makes a shown window the active one.
-    QApplication::setActiveWindow(&window);
     form.lineEditInput->setFocus();
     for (const char* name :
          {"buttonDefineInputFile", "buttonGotoInputDir", "textEditInputFileDetails", "plainTextEditHashHex",
@@ -105,7 +104,8 @@ TEST(SmallDialogs, AboutTellsTheProductAndOpensItsLinks)
                          QUrl("https://kestrum.quillon.example/donate")};
     EXPECT_EQ(desktop.opened, expected);
     // The keyboard reaches each with one Tab.
-    QApplication::setActiveWindow(&dialog);
+    dialog.activateWindow();
+    ASSERT_TRUE(waitFor([&] { return dialog.isActiveWindow(); }));
     dialog.findChild<QPushButton*>("buttonOk")->setFocus();
     for (int link = 0; link < 3; ++link) {
         QTest::keyClick(dialog.focusWidget(), Qt::Key_Tab);
