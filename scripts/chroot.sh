@@ -2,8 +2,8 @@
 # Usage: scripts/chroot.sh SUITE COMMAND [ARGUMENT ...]
 #
 # Runs a command in a copy of this tree, with the packages in build, on a bare system of its own, in build/chroot/SUITE:
-# what it installs, it has to install by itself. SUITE is a release of Debian's, as bookworm or trixie. The system is made anew each time, from an
-# archive that the first run leaves. Needs root.
+# what it installs, it has to install by itself. SUITE is a release of Debian's, as bookworm or trixie. The system is made
+# anew each time, from an archive that the first run leaves. Needs root.
 
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
@@ -47,11 +47,13 @@ cd "$ROOT"
 } | tar --null --files-from=- -c | tar -C "$system/root/kestrum" -x --no-same-owner
 
 say "In a bare $suite: $*"
-# Its mounts and processes end with the command.
+# Its mounts and processes end with the command. The first shell of that system stays, as it takes in the processes that
+# others leave behind.
 export system
 exec unshare --mount --pid --fork --kill-child bash -c '
     mount -t proc proc "$system/proc"
     mount --rbind /dev "$system/dev"
     mount -t tmpfs tmpfs "$system/tmp"
-    exec env -i HOME=/root TERM=dumb LANG=C.UTF-8 PATH=/usr/sbin:/usr/bin:/sbin:/bin CI="${CI:-}" \
-        chroot "$system" bash -c '\''cd /root/kestrum && exec "$@"'\'' -- "$@"' -- "$@"
+    env -i HOME=/root TERM=dumb LANG=C.UTF-8 PATH=/usr/sbin:/usr/bin:/sbin:/bin CI="${CI:-}" \
+        chroot "$system" bash -c '\''cd /root/kestrum && exec "$@"'\'' -- "$@"
+    exit $?' -- "$@"
