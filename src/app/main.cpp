@@ -52,7 +52,7 @@ int main(int argc, char* argv[])
     MyTranslator translator;
     const QApplication application(argc, argv);
     QCoreApplication::installTranslator(&translator);
-    QGuiApplication::setDesktopFileName(QString::fromUtf8(vars::kDesktopFileName));
+    QGuiApplication::setDesktopFileName(QString::fromUtf8(vars::kDesktopId));
     useLightPaletteOnDarkDesktop();
     CMainWindow window;
     window.setWindowIcon(QIcon(QStringLiteral(":/kestrum/main.ico")));

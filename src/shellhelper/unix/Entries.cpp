@@ -136,13 +136,6 @@ bool isItem(std::string_view word)
                              word.substr(1, kItem.size()) == kItem);
 }
 
-std::string icon()
-{
-    std::string_view name = vars::kDesktopFileName;
-    name.remove_suffix(std::string_view(".desktop").size());
-    return std::string(name);
-}
-
 /// One line of a key file.
 std::string keyLine(std::string_view key, std::string_view value)
 {
@@ -196,7 +189,7 @@ std::string serviceMenu(const Entry& entry)
            keyLine("X-KDE-ServiceTypes", "KonqPopupMenu/Plugin") + keyLine("MimeType", "all/allfiles;") +
            keyLine("X-KDE-RequiredNumberOfUrls", "1") + keyLine("X-KDE-Priority", "TopLevel") +
            keyLine("Actions", "open;") + tryExecLine(entry.program) + keyLine(kMark, entry.id) +
-           "\n[Desktop Action open]\n" + keyLine("Name", entry.menuText) + keyLine("Icon", icon()) +
+           "\n[Desktop Action open]\n" + keyLine("Name", entry.menuText) + keyLine("Icon", vars::kDesktopId) +
            keyLine("Exec", execLine(entry.program));
 }
 
@@ -206,14 +199,14 @@ std::string nemoAction(const Entry& entry)
     return "[Nemo Action]\n" + keyLine("Name", percentDoubled(entry.menuText)) +
            keyLine("Exec", percentDoubled(shellQuoted(entry.program)) + " %F") + keyLine("Quote", "single") +
            keyLine("Selection", "s") + keyLine("Extensions", "nodirs;") + dependencyLine(entry.program) +
-           keyLine("Icon-Name", icon()) + keyLine(kMark, entry.id);
+           keyLine("Icon-Name", vars::kDesktopId) + keyLine(kMark, entry.id);
 }
 
 std::string thunarAction(const Entry& entry, std::string_view origin)
 {
     // Thunar hands the line to a shell of its own, with the path quoted.
     return "<action>\n\t<!-- " + std::string(kMark) + ' ' + std::string(origin) + " -->\n" +
-           element("icon", icon()) + element("name", entry.menuText) + element("unique-id", entry.id) +
+           element("icon", vars::kDesktopId) + element("name", entry.menuText) + element("unique-id", entry.id) +
            element("command", percentDoubled(shellQuoted(entry.program)) + " %f") +
            element("description", "") + element("range", "1-1") + element("patterns", "*") +
            "\t<audio-files/>\n\t<image-files/>\n\t<other-files/>\n\t<text-files/>\n\t<video-files/>\n"
@@ -253,7 +246,7 @@ std::string fileScript(const Entry& entry, std::string_view pathsVariable)
 std::string sendToEntry(std::string_view name, std::string_view program)
 {
     return "[Desktop Entry]\n" + keyLine("Type", "Application") + keyLine("Name", name) +
-           keyLine("Icon", icon()) + tryExecLine(program) + keyLine("Exec", execLine(program)) +
+           keyLine("Icon", vars::kDesktopId) + tryExecLine(program) + keyLine("Exec", execLine(program)) +
            keyLine("Terminal", "false") + keyLine(kMark, "true");
 }
 

@@ -92,7 +92,7 @@ QDBusMessage updateSignal(bool visible, int percent)
                                                       QStringLiteral("Update"));
     const QVariantMap properties{{QStringLiteral("progress"), percent / 100.0},
                                  {QStringLiteral("progress-visible"), visible}};
-    message << QStringLiteral("application://") + QString::fromUtf8(vars::kDesktopFileName) << properties;
+    message << QStringLiteral("application://%1.desktop").arg(QLatin1String(vars::kDesktopId)) << properties;
     return message;
 }
 
