@@ -90,11 +90,12 @@ private:
             if (box->objectName() != "comboBoxSelectAlg")
                 expectRoom(widget, {box->sizeHint().width(), 0}, box->currentText());
         } else if (const auto* details = qobject_cast<const QTextEdit*>(&widget)) {
-            // The margin below the last line may go.
-            const qreal bottom = details->document()->size().height() - details->document()->documentMargin();
+            const qreal bottom = details->document()->size().height();
             const bool scrolls = details->verticalScrollBarPolicy() != Qt::ScrollBarAlwaysOff;
-            if (!scrolls && bottom > details->viewport()->height())
-                report(widget, QString("%1 of %2").arg(details->viewport()->height()).arg(bottom),
+            // What its neighbours cover is gone too.
+            const int shown = details->viewport()->visibleRegion().boundingRect().bottom() + 1;
+            if (!scrolls && bottom > shown)
+                report(widget, QString("%1 of %2").arg(shown).arg(bottom),
                        details->toPlainText().replace('\n', ' '));
         } else if (const auto* table = qobject_cast<const QTableWidget*>(&widget)) {
             for (int column = 0; column < table->columnCount(); ++column)

@@ -131,7 +131,6 @@ void CMainWindow::alignTexts()
     constexpr int kEdge = 10;
     constexpr int kCaptionMargin = 9;  // of the layout around each caption
     constexpr int kLineEditMargin = 2; // which the toolkit adds
-    constexpr int kDetailLines = 6;
     for (QLabel* label : {m_ui->labelInputFileCaption, m_ui->labelResultCaption})
         label->setIndent(kEdge - kCaptionMargin);
     for (QLabel* label : {m_ui->labelResultHexCaption, m_ui->labelResultBase64Caption})
@@ -139,11 +138,8 @@ void CMainWindow::alignTexts()
     m_ui->lineEditInput->setTextMargins(kEdge - kLineEditMargin, 0, 0, 0);
     for (QPlainTextEdit* digest : {m_ui->plainTextEditHashHex, m_ui->plainTextEditHashBase64})
         digest->document()->setDocumentMargin(kEdge);
-    QTextEdit& details = *m_ui->textEditInputFileDetails;
-    details.document()->setDocumentMargin(kEdge);
-    // A text field lets no line reach into the next one, even where the font would.
-    const QFontMetrics metrics(font());
-    details.setMinimumHeight(kDetailLines * std::max(metrics.lineSpacing(), metrics.height()) + 2 * kEdge);
+    m_ui->textEditInputFileDetails->document()->setDocumentMargin(kEdge);
+    makeRoomForDetails();
 }
 
 /// Paths and digests are read from left to right in every language.

@@ -163,6 +163,7 @@ private:
     [[nodiscard]] QString askForInputFile(const QString& title);
     void dropFormerResult();
     void updateInputFileDetails();
+    void makeRoomForDetails();
 
     // Hash session, in CMainWindowSession.cpp
     [[nodiscard]] bool checkAlgorithm(const thisapp::SHashAlgId& id);

@@ -13,6 +13,7 @@
 #include <QFileInfo>
 #include <QTextBlock>
 #include <QTextEdit>
+#include <QTextFrame>
 #include <QUrl>
 #include <QtMath>
 
@@ -20,16 +21,18 @@
 
 namespace {
 
-/// Lets no line of `panel` be cut: the letters of a language can come from a font whose lines are higher than
-/// those of the application's font.
-void makeRoomForLines(QTextEdit& panel)
+constexpr int kDetailsLines = 6;
+constexpr int kDetailsTopMargin = 3;
+
+/// Of the lines of `text`: the letters of a language can come from a font with higher lines than the first
+/// one.
+qreal heightOfLines(const QTextDocument& text)
 {
-    const QTextDocument& text = *panel.document();
-    qreal height = 2 * text.documentMargin();
-    if (!text.size().isEmpty()) // which lays it out
-        for (QTextBlock block = text.begin(); block.isValid(); block = block.next())
+    qreal height = 0;
+    for (QTextBlock block = text.begin(); block.isValid(); block = block.next())
+        if (block.layout()->lineCount() > 0) // none before the text is laid out
             height += block.layout()->lineAt(0).height();
-    panel.setMinimumHeight(std::max(panel.minimumHeight(), qCeil(height)));
+    return height;
 }
 
 } // namespace
@@ -106,11 +109,31 @@ void CMainWindow::updateInputFileDetails()
     if (QFileInfo::exists(path)) {
         panel.setTextColor(Qt::black);
         panel.setPlainText(getFileDetailsText(path));
-        makeRoomForLines(panel);
+        makeRoomForDetails();
     } else {
         panel.setPlainText(tr("File not found"));
         panel.setTextColor(Qt::red);
     }
+}
+
+/// Lets no line of the details be cut.
+void CMainWindow::makeRoomForDetails()
+{
+    QTextEdit& panel = *m_ui->textEditInputFileDetails;
+    QTextFrame& text = *panel.document()->rootFrame();
+    QTextFrameFormat format = text.frameFormat();
+    format.setTopMargin(kDetailsTopMargin);
+    format.setBottomMargin(0);
+    text.setFrameFormat(format);
+    // A text field lets no line reach into the next one, even where the font would.
+    const QFontMetrics metrics(font());
+    const int lines = kDetailsLines * std::max(metrics.lineSpacing(), metrics.height());
+    const int height = kDetailsTopMargin + std::max(lines, qCeil(heightOfLines(*panel.document())));
+    panel.setMinimumHeight(std::max(panel.minimumHeight(), height));
+    const int above =
+        m_ui->frameInputFileCaption->minimumHeight() + m_ui->buttonDefineInputFile->minimumHeight();
+    QWidget& frame = *m_ui->frameInputFile;
+    frame.setMinimumHeight(std::max(frame.minimumHeight(), above + panel.minimumHeight()));
 }
 
 /// Lets caption and digest say of which file they are; an empty `path` takes it back.

@@ -26,8 +26,8 @@ inline constexpr const char* kCopyright = "Copyright © 2026 The Kestrum authors
 /// The page that a check of the Internet connection asks for.
 inline constexpr const char* kProbeUrl = "http://example.com/";
 
-/// The desktop entry under which Unix desktops know the program, without its ".desktop": to Wayland this is the
-/// name of its windows, and to icon themes that of its icon.
+/// The desktop entry under which Unix desktops know the program, without its ".desktop": to Wayland this is
+/// the name of its windows, and to icon themes that of its icon.
 inline constexpr const char* kDesktopId = "example.quillon.Kestrum";
 
 } // namespace quillon::vars

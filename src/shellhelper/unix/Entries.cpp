@@ -206,7 +206,8 @@ std::string thunarAction(const Entry& entry, std::string_view origin)
 {
     // Thunar hands the line to a shell of its own, with the path quoted.
     return "<action>\n\t<!-- " + std::string(kMark) + ' ' + std::string(origin) + " -->\n" +
-           element("icon", vars::kDesktopId) + element("name", entry.menuText) + element("unique-id", entry.id) +
+           element("icon", vars::kDesktopId) + element("name", entry.menuText) +
+           element("unique-id", entry.id) +
            element("command", percentDoubled(shellQuoted(entry.program)) + " %f") +
            element("description", "") + element("range", "1-1") + element("patterns", "*") +
            "\t<audio-files/>\n\t<image-files/>\n\t<other-files/>\n\t<text-files/>\n\t<video-files/>\n"
