@@ -10,6 +10,8 @@
 #include <QApplication>
 #include <QIcon>
 
+#include <cstdlib>
+
 namespace {
 
 namespace vars = quillon::vars;
@@ -38,6 +40,16 @@ void prepareToolkit()
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
 }
 
+/// The exit status, once the window has been closed and has gone.
+int runMainWindow(const QStringList& arguments)
+{
+    CMainWindow window;
+    window.setWindowIcon(QIcon(QStringLiteral(":/kestrum/main.ico")));
+    window.setCommandLine(arguments);
+    window.show();
+    return QApplication::exec();
+}
+
 } // namespace
 
 int main(int argc, char* argv[])
@@ -54,9 +66,10 @@ int main(int argc, char* argv[])
     QCoreApplication::installTranslator(&translator);
     QGuiApplication::setDesktopFileName(QString::fromUtf8(vars::kDesktopId));
     useLightPaletteOnDarkDesktop();
-    CMainWindow window;
-    window.setWindowIcon(QIcon(QStringLiteral(":/kestrum/main.ico")));
-    window.setCommandLine(arguments);
-    window.show();
-    return QApplication::exec();
+    const int status = runMainWindow(arguments);
+    // On Wayland the two threads of Qt's connection can wait for each other at its end, and the process then stays
+    // for ever. All that has to be written or taken back is so by now.
+    if (QGuiApplication::platformName().startsWith(QLatin1String("wayland")))
+        std::quick_exit(status);
+    return status;
 }
