@@ -68,7 +68,7 @@ QByteArray bytesOf(const QString& name)
 std::string takeHelperCalls()
 {
     static QLibrary helper(QCoreApplication::applicationDirPath() + "/QxShellHelper");
-    std::wstring& calls = reinterpret_cast<std::wstring& (*)()>(helper.resolve("recordedCalls"))();
+    std::wstring& calls = *reinterpret_cast<std::wstring* (*)()>(helper.resolve("recordedCalls"))();
     return QString::fromStdWString(std::exchange(calls, {}))
         .remove(QRegularExpression("[|][^\n]*"))
         .toStdString();

@@ -55,7 +55,7 @@ protected:
     [[nodiscard]] std::wstring calls() const
     {
         void* const address = platform::findLibrarySymbol(m_recorder, "recordedCalls");
-        return std::exchange(reinterpret_cast<std::wstring& (*)()>(address)(), {});
+        return std::exchange(*reinterpret_cast<std::wstring* (*)()>(address)(), {});
     }
 
     [[nodiscard]] static std::wstring removals(const std::wstring& text)

@@ -5,17 +5,17 @@
 #include <string>
 
 /// The calls since somebody emptied it, each with its texts in one line.
-extern "C" QXSHELL_EXPORT std::wstring& recordedCalls()
+extern "C" QXSHELL_EXPORT std::wstring* recordedCalls()
 {
     static std::wstring calls;
-    return calls;
+    return &calls;
 }
 
 template <class Char>
 void record(const Char* text)
 {
     for (; *text != Char(); ++text)
-        recordedCalls() += static_cast<wchar_t>(*text);
+        *recordedCalls() += static_cast<wchar_t>(*text);
 }
 
 #define RECORD_TEXT(text) (record("|"), record(text))
