@@ -5,11 +5,14 @@
 #include "i18n_qt/MyTranslator.h"
 #include "ui/SAppOptions.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
 #include <QFile>
+#include <QImage>
 #include <QLabel>
+#include <QTransform>
 
 namespace quillon::tests {
 namespace {
@@ -60,6 +63,9 @@ struct RightToLeft : MainWindowTest
             EXPECT_TRUE(sheet.contains(rule)) << rule;
         for (const char* name : {"plainTextEditHashHex", "plainTextEditHashBase64", "lineEditInput"})
             EXPECT_TRUE(driver.child<QWidget>(name).isLeftToRight()) << name;
+        const QImage leftwards = QIcon(":/kestrum/exit.ico").pixmap(32).toImage();
+        EXPECT_EQ(driver.child<QAction>("actionFile_Exit").icon().pixmap(32).toImage(),
+                  leftwards.transformed(QTransform::fromScale(-1, 1)));
         EXPECT_TRUE(driver.run());
         EXPECT_EQ(driver.caption(), QStringLiteral("Calculated hash for the file (\u2066SHA-256\u2069)"));
         driver.click("buttonCopyHashHex");
