@@ -120,9 +120,9 @@ TEST_F(RunInProgress, ShowsItsBeginningThenTheShareOnBothBarsAndRefusesAnotherSt
 TEST_F(RunInProgress, TellsTheRemainingTimeInTheUnitsThatItNeeds)
 {
     faults.delayMs = kReadDelayMs;
-    for (const auto& [blocks, time] : {std::pair{80, "(\\d+ minutes )?[1-9]\\d*"},
-                                       {2'000, "\\d+ minutes \\d+"},
-                                       {800'000, "\\d+ hours \\d+ minutes \\d+"}}) {
+    for (const auto& [blocks, time] : {std::pair{80U, "(\\d+ minutes )?[1-9]\\d*"},
+                                       {2'000U, "\\d+ minutes \\d+"},
+                                       {800'000U, "\\d+ hours \\d+ minutes \\d+"}}) {
         std::filesystem::resize_file(folder.file("blocks"), blocks * kBlockBytes);
         startAndHold(2);
         EXPECT_TRUE(waitForProgress(".*", time)) << driver->status();

@@ -45,8 +45,9 @@ TEST(CAppSettings, OfAWriterThatIsKilledAThousandTimesAreNeverTornAndCanBeWritte
     for (int round = 0; round < kKills; ++round) {
         const pid_t writer = fork();
         ASSERT_GE(writer, 0);
-        for (int value = 0; writer == 0; ++value)
-            writeAll(value);
+        if (writer == 0)
+            for (int value = 0;; ++value)
+                writeAll(value);
         usleep(static_cast<useconds_t>(round % 100) * 40);
         kill(writer, SIGKILL);
         ASSERT_EQ(waitpid(writer, nullptr, 0), writer);
@@ -85,12 +86,12 @@ TEST(CAppSettings, OfTwoWritersAndTwoReadersLoseNothing)
         while (children.back() == 0)
             static_cast<void>(CAppSettings().value("0"));
     }
-    for (int writer = 0; writer < 2; ++writer) {
+    for (std::size_t writer = 0; writer < 2; ++writer) {
         int status = 0;
         ASSERT_EQ(waitpid(children.at(writer), &status, 0), children[writer]);
         EXPECT_EQ(status, 0) << "lost, or noisy";
     }
-    for (int reader = 2; reader < 4; ++reader) {
+    for (std::size_t reader = 2; reader < 4; ++reader) {
         kill(children[reader], SIGKILL);
         waitpid(children[reader], nullptr, 0);
     }
