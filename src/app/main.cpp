@@ -70,6 +70,6 @@ int main(int argc, char* argv[])
     // On Wayland the two threads of Qt's connection can wait for each other at its end, and the process then
     // stays for ever. All that has to be written or taken back is so by now.
     if (QGuiApplication::platformName().startsWith(QLatin1String("wayland")))
-        std::quick_exit(status);
+        std::_Exit(status);
     return status;
 }
